@@ -1,0 +1,52 @@
+#include "engine/OrganizerEngine.h"
+
+#include <utility>
+
+#include "engine/RunPipeline.h"
+#include "platform/Path.h"
+#include "platform/ThreadPriority.h"
+
+namespace vellomar {
+namespace {
+
+RunRequest requestFrom(const std::vector<std::string>& sources, const std::string& dest, const Options& options) {
+    RunRequest request{{}, withoutTrailingSlashes(dest), options};
+    for (const auto& source : sources)
+        request.sources.push_back(withoutTrailingSlashes(source));
+    return request;
+}
+
+}  // namespace
+
+OrganizerEngine::OrganizerEngine(const EngineServices& services, EngineObserver* observer)
+    : services_(services),
+      main_{Publication(observer), {}, nullptr},
+      port_(std::make_shared<EnginePort>(services.mainActor, main_)),
+      log_(std::make_shared<RunLog>(services.mainActor, port_, observer)) {}
+
+OrganizerEngine::~OrganizerEngine() {
+    // In this order: a run that waits for the main actor, which is busy here, must stop waiting before it is joined.
+    port_->close();
+    if (currentTask_) currentTask_->request_stop();
+    clearTask();
+}
+
+void OrganizerEngine::startRun(const std::vector<std::string>& sources, const std::string& dest,
+                               const Options& options) {
+    if (currentTask_) return;
+    currentTask_.emplace([this, port = port_, log = log_, services = services_,
+                          request = requestFrom(sources, dest, options)](const std::stop_token& stop) {
+        lowerPriorityOfThisThread();
+        runPipeline({request, services, *port, *log, stop});
+        // Behind all that the run posted. `this` is there whenever the port still lets work through.
+        port->post([this](MainActorState&) { clearTask(); });
+    });
+}
+
+void OrganizerEngine::cancelRun() {
+    if (main_.cancellationToken) main_.cancellationToken->cancel();
+    if (currentTask_) currentTask_->request_stop();
+    port_->post([](MainActorState& main) { main.published.setStatus("Cancelling..."); });
+}
+
+}  // namespace vellomar

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <stop_token>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "dates/DateCandidate.h"
+#include "engine/EnginePort.h"
+#include "engine/EngineServices.h"
+#include "engine/RunLog.h"
+#include "engine/model/LibraryStats.h"
+#include "engine/model/Options.h"
+#include "engine/model/TaggedFile.h"
+#include "undo/UndoManifest.h"
+
+namespace vellomar {
+
+// What a run is asked to do.
+struct RunRequest {
+    std::vector<std::string> sources;
+    std::string dest;
+    Options options;
+};
+
+// What every stage of a run works with. Fixed for the run.
+struct RunContext {
+    const RunRequest& request;
+    const EngineServices& services;
+    EnginePort& port;
+    RunLog& log;
+    std::stop_token stop;  // asked to stop: the run's task is cancelled
+
+    [[nodiscard]] const Options& options() const { return request.options; }
+    [[nodiscard]] bool isCancelled() const { return stop.stop_requested(); }
+    void appendLog(std::string line) const { log.appendLog(std::move(line)); }
+};
+
+// What a run knows, growing from stage to stage. The run's thread alone touches it. Everything here may exist once per
+// file of a large library.
+struct RunState {
+    std::vector<TaggedFile> files;  // in scan order
+    std::unordered_map<std::string, std::vector<std::string>> sidecarsByPath;
+    std::unordered_map<std::string, DateCandidate> exifDates;  // by path, from the metadata batches
+    std::unordered_map<std::string, std::string> exifCameras;  // likewise
+
+    // Final destinations taken so far. It owns the texts that the maps below are keyed by.
+    std::unordered_set<std::string> usedDestPaths;
+    std::unordered_map<std::string_view, Instant> fileDates;
+    std::unordered_map<std::string_view, std::vector<std::string>> tailsByDest;
+    std::unordered_map<std::string, std::vector<std::string_view>> hashGroups;  // by SHA-256, in processing order
+
+    UndoManifest manifest;
+    LibraryStats libraryStats;
+    std::chrono::steady_clock::time_point startTime;  // behind the scan
+    std::int64_t byteSum = 0;                         // sizes of the files handled so far
+    std::size_t processed = 0;                        // files that the loop got to
+    bool wasCancelled = false;
+};
+
+}  // namespace vellomar

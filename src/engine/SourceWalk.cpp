@@ -1,0 +1,77 @@
+#include "engine/SourceWalk.h"
+
+#include <iterator>
+#include <utility>
+
+#include "platform/Path.h"
+
+namespace vellomar {
+
+std::string SourceWalk::Entry::path() const {
+    return joinPath(folder, name);
+}
+
+SourceWalk::SourceWalk(FileSystem& fileSystem, std::string path, std::unique_ptr<Directory> directory,
+                       std::shared_ptr<const Lineage> lineage)
+    : fileSystem_(fileSystem), path_(std::move(path)), directory_(std::move(directory)), lineage_(std::move(lineage)) {}
+
+Expected<SourceWalk> SourceWalk::open(FileSystem& fileSystem, const std::string& source) {
+    auto directory = fileSystem.openDirectory(source, true);
+    if (!directory) return tl::unexpected(directory.error());
+    const auto identity = (*directory)->identity();
+    if (!identity) return tl::unexpected(identity.error());
+    auto lineage = std::make_shared<const Lineage>(Lineage{*identity, nullptr});
+    return SourceWalk(fileSystem, source, std::move(*directory), std::move(lineage));
+}
+
+std::optional<SourceWalk::Entry> SourceWalk::next() {
+    do {
+        while (true) {
+            const auto entry = directory_->next();
+            if (!entry || !*entry) break;
+            if ((*entry)->name[0] == '.') continue;
+            const auto type = typeOf(**entry);
+            if (!type) continue;
+            if (*type == FileType::directory) found_.push_back({joinPath(path_, (*entry)->name), lineage_});
+            return Entry{path_, (*entry)->name, *type};
+        }
+    } while (enterNextFolder());
+    return std::nullopt;
+}
+
+Expected<FileStatus> SourceWalk::statusOf(const Entry& entry) {
+    return directory_->statusOf(entry.name);
+}
+
+std::optional<FileType> SourceWalk::typeOf(const Directory::Entry& entry) {
+    if (entry.type) return entry.type;
+    const auto status = directory_->statusOf(entry.name);
+    if (!status) return std::nullopt;
+    return status->type;
+}
+
+bool SourceWalk::enterNextFolder() {
+    std::move(found_.rbegin(), found_.rend(), std::back_inserter(pending_));
+    found_.clear();
+    while (!pending_.empty()) {
+        auto folder = std::move(pending_.back());
+        pending_.pop_back();
+        if (enter(std::move(folder))) return true;
+    }
+    return false;
+}
+
+bool SourceWalk::enter(Pending folder) {
+    auto directory = fileSystem_.openDirectory(folder.path, false);
+    if (!directory) return false;
+    const auto identity = (*directory)->identity();
+    if (!identity) return false;
+    for (const auto* ancestor = folder.parent.get(); ancestor != nullptr; ancestor = ancestor->parent.get())
+        if (ancestor->identity == *identity) return false;
+    path_ = std::move(folder.path);
+    directory_ = std::move(*directory);
+    lineage_ = std::make_shared<const Lineage>(Lineage{*identity, std::move(folder.parent)});
+    return true;
+}
+
+}  // namespace vellomar

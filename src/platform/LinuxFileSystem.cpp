@@ -1,0 +1,128 @@
+#include "platform/LinuxFileSystem.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/FileDescriptor.h"
+#include "platform/FileStatusFromKernel.h"
+#include "platform/LinuxDirectory.h"
+#include "platform/LinuxFiles.h"
+
+namespace vellomar {
+namespace {
+
+Expected<void> successOrFailure(int result) {
+    if (result != 0) return systemFailure(errno);
+    return {};
+}
+
+Expected<FileDescriptor> openDescriptor(const std::string& path, int flags, mode_t mode = 0) {
+    FileDescriptor descriptor(::open(path.c_str(), flags | O_CLOEXEC, mode));
+    if (!descriptor.isOpen()) return systemFailure(errno);
+    return descriptor;
+}
+
+int noFollowUnless(bool followSymlink) {
+    return followSymlink ? 0 : O_NOFOLLOW;
+}
+
+// Whether the failed call asked for something that this file system has never heard of.
+bool isUnsupported(int error) {
+    return error == EINVAL || error == ENOSYS || error == ENOTSUP;
+}
+
+// link() refuses an existing name by itself, so this too is one atomic decision.
+Expected<void> moveByHardLink(const std::string& from, const std::string& to) {
+    if (::link(from.c_str(), to.c_str()) != 0) return systemFailure(errno);
+    return successOrFailure(::unlink(from.c_str()));
+}
+
+// The last resort, for FAT and some shares: a name taken between the look and the rename would be replaced.
+Expected<void> moveAfterLooking(const std::string& from, const std::string& to) {
+    if (readStatus(AT_FDCWD, to.c_str(), AT_SYMLINK_NOFOLLOW)) return systemFailure(EEXIST);
+    return successOrFailure(::rename(from.c_str(), to.c_str()));
+}
+
+}  // namespace
+
+Expected<std::unique_ptr<Directory>> LinuxFileSystem::openDirectory(const std::string& path, bool followSymlink) {
+    auto folder = openDescriptor(path, O_RDONLY | O_DIRECTORY | noFollowUnless(followSymlink));
+    if (!folder) return tl::unexpected(folder.error());
+    return std::make_unique<LinuxDirectory>(std::move(*folder));
+}
+
+Expected<FileStatus> LinuxFileSystem::status(const std::string& path) {
+    return readStatus(AT_FDCWD, path.c_str(), AT_SYMLINK_NOFOLLOW);
+}
+
+Expected<FileStatus> LinuxFileSystem::statusFollowingLinks(const std::string& path) {
+    return readStatus(AT_FDCWD, path.c_str(), 0);
+}
+
+Expected<void> LinuxFileSystem::checkAccess(const std::string& path, Access access) {
+    const int mode = access == Access::read ? R_OK : W_OK;
+    return successOrFailure(::faccessat(AT_FDCWD, path.c_str(), mode, AT_EACCESS));
+}
+
+Expected<std::unique_ptr<InputFile>> LinuxFileSystem::openForReading(const std::string& path, bool followSymlink) {
+    // Without O_NONBLOCK a pipe that took the file's name would hold the run up for ever.
+    auto file = openDescriptor(path, O_RDONLY | O_NONBLOCK | O_NOCTTY | noFollowUnless(followSymlink));
+    if (!file) return tl::unexpected(file.error());
+    ::posix_fadvise(file->get(), 0, 0, POSIX_FADV_SEQUENTIAL);
+    return std::make_unique<LinuxInputFile>(std::move(*file));
+}
+
+Expected<std::unique_ptr<OutputFile>> LinuxFileSystem::createFile(const std::string& path, NewFileAccess access) {
+    constexpr mode_t kOwner = S_IRUSR | S_IWUSR;
+    constexpr mode_t kEverybody = kOwner | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+    auto file = openDescriptor(path, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW,
+                               access == NewFileAccess::owner ? kOwner : kEverybody);
+    if (!file) return tl::unexpected(file.error());
+    return std::make_unique<LinuxOutputFile>(std::move(*file));
+}
+
+Expected<void> LinuxFileSystem::rename(const std::string& from, const std::string& to) {
+    return successOrFailure(::rename(from.c_str(), to.c_str()));
+}
+
+Expected<void> LinuxFileSystem::renameWithoutReplacing(const std::string& from, const std::string& to) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return {};
+    if (!isUnsupported(errno)) return systemFailure(errno);
+    auto moved = moveByHardLink(from, to);
+    if (moved || isSystemError(moved.error(), EEXIST)) return moved;
+    return moveAfterLooking(from, to);
+}
+
+Expected<void> LinuxFileSystem::removeFile(const std::string& path) {
+    return successOrFailure(::unlink(path.c_str()));
+}
+
+Expected<void> LinuxFileSystem::makeDirectory(const std::string& path) {
+    constexpr mode_t kAllThatTheUmaskAllows = S_IRWXU | S_IRWXG | S_IRWXO;
+    return successOrFailure(::mkdir(path.c_str(), kAllThatTheUmaskAllows));
+}
+
+Expected<void> LinuxFileSystem::syncDirectory(const std::string& path) {
+    const auto folder = openDescriptor(path, O_RDONLY | O_DIRECTORY);
+    if (!folder) return tl::unexpected(folder.error());
+    if (::fsync(folder->get()) == 0) return {};
+    // Some shares cannot sync a folder and say EINVAL: their entries are as durable as they ever get.
+    if (isUnsupported(errno)) return {};
+    return systemFailure(errno);
+}
+
+Expected<void> LinuxFileSystem::setModificationDate(const std::string& path, Instant date) {
+    const auto seconds = std::chrono::floor<std::chrono::seconds>(date);
+    const auto fraction = std::chrono::nanoseconds(date - seconds);
+    const timespec modified{seconds.time_since_epoch().count(), fraction.count()};
+    const timespec unchanged{0, UTIME_OMIT};
+    const std::array times = {unchanged, modified};
+    return successOrFailure(::utimensat(AT_FDCWD, path.c_str(), times.data(), 0));
+}
+
+}  // namespace vellomar

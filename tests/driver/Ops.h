@@ -1,0 +1,21 @@
+// The operations of the engine driver, by their names.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+
+#include "platform/BytesJson.h"
+
+namespace vellomar::driver {
+
+// Takes a request's arguments and returns its result. A bad argument is thrown as std::exception with the text for the
+// answer.
+using Op = std::function<Json(const Json& arguments)>;
+using Ops = std::map<std::string, Op, std::less<>>;
+
+void addFileOps(Ops& ops);    // on single files and texts
+void addNamingOps(Ops& ops);  // dates, decisions and destinations
+void addEngineOps(Ops& ops);  // whole runs and their manifests
+
+}  // namespace vellomar::driver

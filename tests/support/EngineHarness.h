@@ -1,0 +1,104 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/OrganizerEngine.h"
+#include "platform/LinuxFileSystem.h"
+#include "support/QueueMainActor.h"
+
+namespace vellomar::testing {
+
+// Keeps the last notification instead of showing it.
+class RecordingNotifications final : public NotificationService {
+public:
+    struct Notification {
+        std::string title;
+        std::string body;
+    };
+
+    void notify(const std::string& title, const std::string& body) override;
+    [[nodiscard]] std::optional<Notification> last() const;
+
+private:
+    mutable std::mutex lock_;
+    std::optional<Notification> last_;
+};
+
+// Counts who keeps the desktop awake.
+class CountingSleepInhibitor final : public SleepInhibitor {
+public:
+    [[nodiscard]] std::unique_ptr<Hold> inhibit(const std::string& reason) override;
+    [[nodiscard]] int holds() const { return *holds_; }
+    [[nodiscard]] int holdsEver() const { return *holdsEver_; }
+
+private:
+    std::shared_ptr<std::atomic<int>> holds_ = std::make_shared<std::atomic<int>>(0);
+    std::shared_ptr<std::atomic<int>> holdsEver_ = std::make_shared<std::atomic<int>>(0);
+};
+
+class FixedUserDefaults final : public UserDefaults {
+public:
+    explicit FixedUserDefaults(bool secretFloppyMode = false) : secretFloppyMode_(secretFloppyMode) {}
+    [[nodiscard]] bool secretFloppyMode() const override { return secretFloppyMode_; }
+
+private:
+    bool secretFloppyMode_;
+};
+
+// Remembers all that an engine published.
+class RecordingObserver final : public EngineObserver {
+public:
+    void fieldChanged(PublishedField field) override;
+    void linesAppended(std::size_t count) override;
+    void lineLogged(std::string_view line) override;
+
+    const PublishedState* state = nullptr;           // of the observed engine
+    std::vector<std::string> allLogLines;            // without the cap of the published list
+    std::vector<std::string> statusHistory;          // every distinct consecutive status
+    std::vector<double> progressHistory;             // every progress
+    std::function<void(std::string_view)> onLine;    // on the logging thread
+    std::function<void(std::string_view)> onStatus;  // on the main actor
+};
+
+// An engine with surroundings of its own, driven from the calling thread, which is its main actor.
+class EngineHarness {
+public:
+    struct Setup {
+        FileSystem* fileSystem = nullptr;  // the real one by default
+        const Clock* clock = nullptr;      // the system's by default
+        bool secretFloppyMode = false;
+    };
+
+    EngineHarness() : EngineHarness(Setup{}) {}
+    explicit EngineHarness(const Setup& setup);
+
+    // A whole run; returns when it has ended and all that it posted was delivered.
+    void run(const std::vector<std::string>& sources, const std::string& dest, const Options& options);
+
+    // Delivers until the run under way has ended.
+    void waitForEnd();
+
+    // Cancels as soon as a logged line, or a status, holds `text`.
+    void cancelWhenLogged(std::string text);
+    void cancelWhenStatus(std::string text);
+
+    [[nodiscard]] const PublishedState& state() const { return engine->state(); }
+
+    LinuxFileSystem realFileSystem;
+    SystemClock systemClock;
+    QueueMainActor mainActor;
+    RecordingNotifications notifications;
+    CountingSleepInhibitor sleepInhibitor;
+    FixedUserDefaults userDefaults;
+    RecordingObserver observer;
+    std::unique_ptr<OrganizerEngine> engine;
+};
+
+}  // namespace vellomar::testing

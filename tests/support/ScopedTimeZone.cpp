@@ -1,0 +1,22 @@
+#include "support/ScopedTimeZone.h"
+
+#include <cstdlib>
+#include <ctime>
+
+namespace vellomar::testing {
+
+ScopedTimeZone::ScopedTimeZone(const char* zone) {
+    if (const char* before = std::getenv("TZ"); before != nullptr) before_ = before;
+    setenv("TZ", zone, 1);
+    tzset();
+}
+
+ScopedTimeZone::~ScopedTimeZone() {
+    if (before_)
+        setenv("TZ", before_->c_str(), 1);
+    else
+        unsetenv("TZ");
+    tzset();
+}
+
+}  // namespace vellomar::testing
