@@ -56,7 +56,8 @@ public:
         if (isNetwork()) return;
         const auto status = sources_.fileSystem.status(path_);
         if (!status) return;
-        const auto& [created, modified] = std::pair(status->created, status->modified);
+        const auto created = status->created;
+        const auto modified = status->modified;
         const bool fsDatesDisagree = created && std::chrono::abs(*created - modified) > kFileDatesMayDiffer;
         if (created)
             add(DateCandidate{*created, "FS CreationDate", fsDatesDisagree ? kScrambledScore : kCreationScore});

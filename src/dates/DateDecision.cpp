@@ -76,6 +76,45 @@ std::string decisionText(const DateCandidate& best, const MeaningfulFolders& fol
                        joinedByBackslash(folders.tail), result.finalDest);
 }
 
+const FolderEvidence& folderEvidenceOf(const DecisionContext& context, const DecisionRequest& request, Instant now) {
+    const auto relativeFolder = relativeFolderOf(request.path, request.sourceRoot);
+    return context.folderEvidence.evidenceFor({.relativeFolder = relativeFolder,
+                                               .rules = request.rules,
+                                               .secretFloppyMode = context.userDefaults.secretFloppyMode(),
+                                               .parseMonthWords = request.options.parseMonthWords,
+                                               .now = now});
+}
+
+std::vector<DateCandidate> checkedCandidates(const DecisionContext& context, const DecisionRequest& request,
+                                             const std::optional<FolderYearMonth>& folder, Instant now) {
+    const CandidateSources sources{context.fileSystem, context.metadataReader, request.exifDates, request.options};
+    auto candidates = gatherDateCandidates(sources, request.path, fileKindOf(request.path), folder, now);
+    dropImpossibleDates(candidates, now);
+    confirmByFilename(candidates);
+    suspectFileDates(candidates);
+    return candidates;
+}
+
+// The best candidate. The year of the neighbours overrules one that is no better than a file date.
+DateCandidate believedDate(const DecisionContext& context, const DecisionRequest& request,
+                           const std::vector<DateCandidate>& candidates, Instant now) {
+    auto best = bestOf(candidates, now);
+    if (best.score > kRescueUpToScore || request.options.storageIsNetwork) return best;
+    return siblingCandidate(context, request.path).value_or(std::move(best));
+}
+
+DecisionResult resultOf(const DecisionRequest& request, const DateCandidate& best, const MeaningfulFolders& folders) {
+    DecisionResult result;
+    result.finalDest = buildDestination(request.path, best.date, folders.first, request.dest, request.options);
+    result.resolvedDateStr = dateTimeText(localCivilTime(best.date));
+    result.dateUsed = best.date;
+    result.isStrongDate = best.score >= kStrongScore;
+    result.decision = decisionText(best, folders, result);
+    result.meaningfulTail = folders.tail;
+    result.conflictPolicy = request.options.conflictPolicy;
+    return result;
+}
+
 // On a network a digest costs the whole file's way over the wire, which only a real run is worth.
 bool wantsDigest(const DecisionRequest& request) {
     const auto& options = request.options;
@@ -91,36 +130,14 @@ std::string relativeFolderOf(std::string_view path, std::string_view sourceRoot)
 }
 
 DecisionResult decideFile(const DecisionContext& context, const DecisionRequest& request) {
-    const auto& [path, sourceRoot, dest, options, exifDates, exifCameras, rules, mayHaveDuplicate] = request;
     const auto now = context.clock.now();
-    const auto relativeFolder = relativeFolderOf(path, sourceRoot);
-    const auto& [meaningful, yearMonth] =
-        context.folderEvidence.evidenceFor({.relativeFolder = relativeFolder,
-                                            .rules = rules,
-                                            .secretFloppyMode = context.userDefaults.secretFloppyMode(),
-                                            .parseMonthWords = options.parseMonthWords,
-                                            .now = now});
-
-    const CandidateSources sources{context.fileSystem, context.metadataReader, exifDates, options};
-    auto candidates = gatherDateCandidates(sources, path, fileKindOf(path), yearMonth, now);
-    dropImpossibleDates(candidates, now);
-    confirmByFilename(candidates);
-    suspectFileDates(candidates);
-    auto best = bestOf(candidates, now);
-    if (best.score <= kRescueUpToScore && !options.storageIsNetwork)
-        if (auto lent = siblingCandidate(context, path)) best = *std::move(lent);
-
-    DecisionResult result;
-    result.finalDest = buildDestination(path, best.date, meaningful.first, dest, options);
-    result.resolvedDateStr = dateTimeText(localCivilTime(best.date));
-    result.dateUsed = best.date;
-    result.isStrongDate = best.score >= kStrongScore;
-    result.decision = decisionText(best, meaningful, result);
-    result.meaningfulTail = meaningful.tail;
-    if (wantsDigest(request)) result.sha256 = sha256OfFile(context.fileSystem, path);
-    result.conflictPolicy = options.conflictPolicy;
+    const auto& folder = folderEvidenceOf(context, request, now);
+    const auto candidates = checkedCandidates(context, request, folder.yearMonth, now);
+    const auto best = believedDate(context, request, candidates, now);
+    auto result = resultOf(request, best, folder.meaningful);
     result.decisionLog = candidatesText(best, candidates);
-    result.cameraModel = readCameraModel(exifCameras, path, options, context.metadataReader);
+    if (wantsDigest(request)) result.sha256 = sha256OfFile(context.fileSystem, request.path);
+    result.cameraModel = readCameraModel(request.exifCameras, request.path, request.options, context.metadataReader);
     return result;
 }
 

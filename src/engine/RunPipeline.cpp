@@ -28,6 +28,7 @@ public:
         if (!claimEngine()) return;
         const auto awake = context_.services.sleepInhibitor.inhibit("Sorting photos");
         performRun();
+        context_.log.flushLog(true);
         release();
     }
 

@@ -23,7 +23,10 @@ public:
     std::vector<std::string> calls;                            // operation, a blank, path
 
     void setDates(const std::string& path, std::optional<Instant> created, Instant modified) {
-        statuses[path] = {.type = FileType::regular, .modified = modified, .created = created};
+        auto& status = statuses[path];
+        status.type = FileType::regular;
+        status.modified = modified;
+        status.created = created;
     }
 
     Expected<std::unique_ptr<Directory>> openDirectory(const std::string& path, bool) override {

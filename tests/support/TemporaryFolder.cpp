@@ -13,8 +13,18 @@
 namespace vellomar::testing {
 namespace fs = std::filesystem;
 
-TemporaryFolder::TemporaryFolder() {
-    std::string pattern = (fs::temp_directory_path() / "vellomar-test-XXXXXX").string();
+namespace {
+
+fs::path parentOf(TemporaryFolder::Where where) {
+    const fs::path inMemory = "/dev/shm";
+    if (where == TemporaryFolder::Where::inMemory && fs::is_directory(inMemory)) return inMemory;
+    return fs::temp_directory_path();
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder(Where where) {
+    std::string pattern = (parentOf(where) / "vellomar-test-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) throw std::system_error(errno, std::generic_category(), pattern);
     path_ = pattern;
 }

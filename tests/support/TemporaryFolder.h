@@ -9,7 +9,12 @@ namespace vellomar::testing {
 // A new folder that goes, with all in it, at the end of the scope.
 class TemporaryFolder {
 public:
-    TemporaryFolder();
+    enum class Where {
+        usual,     // where temporary files go
+        inMemory,  // where syncing costs nothing, if the machine has such a place
+    };
+
+    explicit TemporaryFolder(Where where = Where::usual);
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
