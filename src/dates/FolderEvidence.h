@@ -43,7 +43,7 @@ private:
         int currentYear;
         FolderEvidence evidence;
 
-        [[nodiscard]] bool answers(const FolderQuestion& question, int currentYear) const;
+        [[nodiscard]] bool answers(const FolderQuestion& question, int yearNow) const;
     };
 
     std::optional<Remembered> last_;

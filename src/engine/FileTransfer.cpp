@@ -138,10 +138,8 @@ Expected<FileTransfer::Placement> FileTransfer::settleConflict(const Road& road)
             removePartial(road.partial);
             context_.appendLog("⚠ Skipped (conflict): " + road.name);
             return Placement::skipped;
-        case ConflictPolicy::rename:
-            return placeUnderFreeName(road);
-        case ConflictPolicy::overwrite:
-            break;
+        case ConflictPolicy::rename: return placeUnderFreeName(road);
+        case ConflictPolicy::overwrite: break;
     }
     // In one step, so that the old or the new file stands there at every moment. A folder is never replaced.
     if (auto renamed = disk().rename(road.partial, road.destination); !renamed) return tl::unexpected(renamed.error());

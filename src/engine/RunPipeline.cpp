@@ -35,6 +35,7 @@ public:
 private:
     void performRun() {
         logSetup();
+        publishStatus("Scanning…");
         const auto skipPaths = readResumeSet();
         if (!scan(skipPaths)) return;
         reportSkippedIntegrityCheck();
@@ -83,7 +84,6 @@ private:
     }
 
     [[nodiscard]] std::unordered_set<std::string> readResumeSet() {
-        publishStatus("Scanning…");
         std::unordered_set<std::string> skipPaths;
         if (!options().resumeFromManifest) return skipPaths;
         auto manifest = loadNewestManifest(disk(), dest());

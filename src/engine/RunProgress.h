@@ -22,7 +22,7 @@ public:
 
 private:
     struct Sample {
-        std::size_t count;
+        std::size_t count = 0;
         Time time;
     };
 

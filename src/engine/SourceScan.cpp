@@ -86,12 +86,9 @@ private:
 
     bool countIfIncluded(FileKind kind) {
         switch (kind) {
-            case FileKind::image:
-                return countIf(options_.includeImages, result_.breakdown.images);
-            case FileKind::video:
-                return countIf(options_.includeVideos, result_.breakdown.videos);
-            case FileKind::other:
-                break;
+            case FileKind::image: return countIf(options_.includeImages, result_.breakdown.images);
+            case FileKind::video: return countIf(options_.includeVideos, result_.breakdown.videos);
+            case FileKind::other: break;
         }
         return countIf(options_.includeOther, result_.breakdown.other);
     }

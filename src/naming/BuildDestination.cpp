@@ -52,8 +52,7 @@ std::string relativePath(NamingStyle style, std::string_view source, const NameP
         case NamingStyle::archival:
             return fmt::format(FMT_COMPILE("{0}/{0}-{1}-{2}/{0}-{1}-{2}_{3}{4}{5}{6}{7}"), year, month, day, hour,
                                minute, second, dot, extension);
-        case NamingStyle::custom:
-            break;
+        case NamingStyle::custom: break;
     }
     return relativePathOfTemplate(renderTemplate(customFormat, pieces));
 }

@@ -16,7 +16,10 @@ namespace {
 
 constexpr std::string_view kMark = "\xF4\x8F\xBF\xBF";  // U+10FFFF
 constexpr char kMarkItself = 'M';
-constexpr std::size_t kEscapeLength = 6;  // of \uXXXX
+constexpr std::size_t kEscapeLength = 6;  // of \u0000
+
+// Far more levels than any text of ours has, and far fewer than the stack has room for.
+constexpr int kMostLevels = 512;
 
 std::string characterForByte(unsigned char byte) {
     // U+0080 to U+00FF in UTF-8.
@@ -80,7 +83,7 @@ Json withTexts(const Json& value, const Change& change) {
     return value;
 }
 
-// The code unit of a \uXXXX escape at the front of `text`.
+// The code unit of a \u0000 escape at the front of `text`.
 std::optional<unsigned> escapedUnit(std::string_view text) {
     if (text.size() < kEscapeLength || !text.starts_with("\\u")) return std::nullopt;
     unsigned unit = 0;
@@ -139,6 +142,24 @@ std::string withEscapesDisguised(std::string_view text) {
     return result;
 }
 
+bool isNestedTooDeep(std::string_view json) {
+    int level = 0;
+    bool isInText = false;
+    for (std::size_t i = 0; i < json.size(); ++i) {
+        const char c = json[i];
+        if (isInText && c == '\\')
+            ++i;
+        else if (c == '"')
+            isInText = !isInText;
+        else if (!isInText && (c == '[' || c == '{'))
+            ++level;
+        else if (!isInText && (c == ']' || c == '}'))
+            --level;
+        if (level > kMostLevels) return true;
+    }
+    return false;
+}
+
 // What the JSON library wrote, with the disguises replaced by escapes. The mark occurs nowhere but in texts.
 std::string withDisguisesEscaped(std::string_view json) {
     std::string result;
@@ -166,6 +187,7 @@ std::string jsonText(const Json& value, int indent) {
 }
 
 Expected<Json> parseJson(std::string_view text, const JsonObjectFilter& keepObject) {
+    if (isNestedTooDeep(text)) return tl::unexpected(Error{"JSON", 2, "Nested too deep"});
     const auto plain = withEscapesDisguised(text);
     // Nearly all texts are free of disguises, and need no second copy of what was read.
     const bool hasDisguises = plain.find(kMark) != std::string::npos;

@@ -30,8 +30,9 @@ struct JsonPlace {
 // Looks at each object as soon as it is read, and tells whether to keep it.
 using JsonObjectFilter = std::function<bool(const JsonPlace& place, const Json& object)>;
 
-// Reads a JSON text. Fails on anything that is not JSON (domain "JSON"). A slash may be escaped. A `keepObject` that
-// takes what it needs and says no lets a long list pass through in little memory. Any thread.
+// Reads a JSON text. Fails (domain "JSON") on anything that is not JSON, and on a text of more than 512 levels, which
+// none of ours is and which could exhaust the stack. A slash may be escaped. A `keepObject` that takes what it needs
+// and says no lets a long list pass through in little memory. Any thread.
 [[nodiscard]] Expected<Json> parseJson(std::string_view text, const JsonObjectFilter& keepObject = {});
 
 }  // namespace vellomar

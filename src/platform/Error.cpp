@@ -1,6 +1,6 @@
 #include "platform/Error.h"
 
-#include <string.h>
+#include <cstring>
 
 namespace vellomar {
 

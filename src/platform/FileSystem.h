@@ -43,7 +43,7 @@ struct FileStatus {
 class Directory {
 public:
     struct Entry {
-        const char* name;              // valid until the next call of next()
+        const char* name = nullptr;    // valid until the next call of next()
         std::optional<FileType> type;  // none where the file system does not tell in a listing
     };
 

@@ -13,16 +13,11 @@ namespace {
 
 std::optional<FileType> fileTypeFrom(unsigned char kind) {
     switch (kind) {
-        case DT_UNKNOWN:
-            return std::nullopt;
-        case DT_REG:
-            return FileType::regular;
-        case DT_DIR:
-            return FileType::directory;
-        case DT_LNK:
-            return FileType::symlink;
-        default:
-            return FileType::other;
+        case DT_UNKNOWN: return std::nullopt;
+        case DT_REG: return FileType::regular;
+        case DT_DIR: return FileType::directory;
+        case DT_LNK: return FileType::symlink;
+        default: return FileType::other;
     }
 }
 

@@ -23,7 +23,7 @@ private:
     static constexpr std::size_t kBufferSize = 32 * 1024;
 
     FileDescriptor folder_;
-    alignas(8) std::array<char, kBufferSize> buffer_;
+    alignas(8) std::array<char, kBufferSize> buffer_{};
     std::size_t filled_ = 0;
     std::size_t position_ = 0;
 };

@@ -66,15 +66,15 @@ void normalize(const icu::Normalizer2& form, icu::UnicodeString& text) {
     if (U_SUCCESS(status)) text = std::move(normalized);
 }
 
-// Case folded and composed. Composing keeps an accented letter one letter, so that "cafe" is not found in "café".
+// Case folded and composed. Composing keeps an accented letter one letter, so that "cafe" is not found in "café". It
+// comes before the folding as well: the Turkish dotted I is a letter of its own only in one piece.
 std::string folded(std::string_view text) {
     if (isAscii(text) && !localeHasDotlessI()) return asciiLowered(text);
     UErrorCode status = U_ZERO_ERROR;
-    const auto* decompose = icu::Normalizer2::getNFDInstance(status);
     const auto* compose = icu::Normalizer2::getNFCInstance(status);
     const std::uint32_t options = localeHasDotlessI() ? U_FOLD_CASE_EXCLUDE_SPECIAL_I : U_FOLD_CASE_DEFAULT;
     return transformed(text, [&](icu::UnicodeString& stretch) {
-        if (decompose != nullptr) normalize(*decompose, stretch);
+        if (compose != nullptr) normalize(*compose, stretch);
         stretch.foldCase(options);
         if (compose != nullptr) normalize(*compose, stretch);
     });

@@ -13,7 +13,7 @@ struct Uuid {
     // A new one. Good for telling things apart, not for secrets. Any thread.
     [[nodiscard]] static Uuid random();
 
-    // "XXXXXXXX-XXXX-4XXX-YXXX-XXXXXXXXXXXX" in upper case.
+    // Thirty-two hexadecimal digits in upper case, in groups of 8-4-4-4-12.
     [[nodiscard]] std::string text() const;
 
     bool operator==(const Uuid&) const = default;

@@ -73,13 +73,9 @@ Expected<UndoManifest> importManifest(FileSystem& fileSystem, const std::string&
 }
 
 void ImportedManifests::add(UndoManifest manifest) {
-    const auto known = std::ranges::find(list_, manifest.runID, &UndoManifest::runID);
-    selected_ = static_cast<std::size_t>(known - list_.begin());
-    if (known == list_.end()) list_.push_back(std::move(manifest));
-}
-
-const UndoManifest* ImportedManifests::selected() const {
-    return selected_ ? &list_[*selected_] : nullptr;
+    const bool isListed = std::ranges::find(list_, manifest.runID, &UndoManifest::runID) != list_.end();
+    if (!isListed) list_.push_back(manifest);
+    selected_ = std::move(manifest);
 }
 
 }  // namespace vellomar

@@ -32,17 +32,17 @@ std::string saveManifest(FileSystem& fileSystem, const UndoManifest& manifest, c
 // The manifests that the user picked so far, and the one that counts.
 class ImportedManifests {
 public:
-    // A run that is in the list already is not listed twice. Either way the run is the selected one afterwards.
+    // A run that is in the list already is not listed twice. Either way `manifest` is the selected one afterwards.
     void add(UndoManifest manifest);
 
     [[nodiscard]] const std::vector<UndoManifest>& list() const { return list_; }
 
     // Null before the first import.
-    [[nodiscard]] const UndoManifest* selected() const;
+    [[nodiscard]] const UndoManifest* selected() const { return selected_ ? &*selected_ : nullptr; }
 
 private:
     std::vector<UndoManifest> list_;
-    std::optional<std::size_t> selected_;
+    std::optional<UndoManifest> selected_;
 };
 
 }  // namespace vellomar

@@ -77,6 +77,7 @@ TEST(FilenameDates, ReadsScreenshots) {
 
 TEST(FilenameDates, AScreenshotWithAnImpossibleTimeIsReadAsADate) {
     expectDates({
+        {"Screenshot 2023-08-14 at 13.30.21 PM", "2023-08-14 00:00:00", "Filename", 60},
         {"Screenshot 2023-08-14 at 14.30.21 PM", "2023-08-14 00:00:00", "Filename", 60},
         {"Screenshot 2023-08-14 at 0.30.21 AM", "2023-08-14 00:00:00", "Filename", 60},
         {"Screenshot 2023-08-14 at 2.60.21 PM", "2023-08-14 00:00:00", "Filename", 60},

@@ -1,4 +1,6 @@
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <stdexcept>
 #include <string_view>
 
@@ -36,6 +38,8 @@ Json date(const Json& arguments) {
 Json bytes(const Json& arguments) {
     const double value = numberOf(arguments, "value");
     const auto& given = arguments.at("value");
+    if (given.is_number_unsigned() && given.get<std::uint64_t>() > std::numeric_limits<std::int64_t>::max())
+        throw std::invalid_argument("value is out of range");
     if (given.is_number_integer()) return formatBytes(given.get<std::int64_t>());
     return formatBytes(static_cast<std::int64_t>(secondsOf({{"value", value}})));
 }

@@ -126,18 +126,10 @@ TEST_F(OrganizerEngineTest, StartsAndCancelsInAnyOrderLeaveItUsable) {
     std::mt19937 random(7);
     for (int i = 0; i < 100; ++i) {
         switch (random() % 4) {
-            case 0:
-                harness.engine->startRun({source}, dest, dryOptions());
-                break;
-            case 1:
-                harness.engine->cancelRun();
-                break;
-            case 2:
-                harness.engine->appendLog("from outside");
-                break;
-            default:
-                harness.mainActor.runPending();
-                break;
+            case 0: harness.engine->startRun({source}, dest, dryOptions()); break;
+            case 1: harness.engine->cancelRun(); break;
+            case 2: harness.engine->appendLog("from outside"); break;
+            default: harness.mainActor.runPending(); break;
         }
     }
     harness.waitForEnd();

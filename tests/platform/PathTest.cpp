@@ -1,6 +1,6 @@
-#include "platform/Path.h"
-
 #include <gtest/gtest.h>
+
+#include "platform/Path.h"
 
 namespace vellomar {
 namespace {

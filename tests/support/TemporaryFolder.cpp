@@ -24,7 +24,7 @@ fs::path parentOf(TemporaryFolder::Where where) {
 }  // namespace
 
 TemporaryFolder::TemporaryFolder(Where where) {
-    std::string pattern = (parentOf(where) / "vellomar-test-XXXXXX").string();
+    std::string pattern = (parentOf(where) / ("vellomar-test-" + std::string(6, 'X'))).string();
     if (mkdtemp(pattern.data()) == nullptr) throw std::system_error(errno, std::generic_category(), pattern);
     path_ = pattern;
 }

@@ -34,12 +34,9 @@ static_assert(std::ranges::is_sorted(kSidecarExtensions));
 
 std::string_view nameOf(FileKind kind) {
     switch (kind) {
-        case FileKind::image:
-            return "image";
-        case FileKind::video:
-            return "video";
-        case FileKind::other:
-            break;
+        case FileKind::image: return "image";
+        case FileKind::video: return "video";
+        case FileKind::other: break;
     }
     return "other";
 }
