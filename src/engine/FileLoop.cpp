@@ -49,6 +49,7 @@ FileLoop::FileLoop(const RunContext& context, RunState& state, std::vector<Folde
 
 void FileLoop::run() {
     const auto total = state_.files.size();
+    state_.usedDestPaths.reserve(total);
     for (std::size_t i = 0; i < total; ++i) {
         if (context_.isCancelled()) {
             context_.appendLog("Cancellation requested. Stopping...");
@@ -68,10 +69,11 @@ void FileLoop::run() {
 void FileLoop::handle(const TaggedFile& file) {
     auto decision = decide(file);
     context_.appendLog(std::move(decision.decisionLog));
-    const auto& destination = takeDestination(decision);
+    auto& entry = takeDestination(decision);
+    const auto& destination = entry.first;
     addToStatistics(file, decision);
     addPlanRow(file, decision, destination);
-    recordForDuplicates(decision, destination);
+    recordForDuplicates(decision, entry);
     if (options().dryRun)
         plan(file, destination);
     else
@@ -97,13 +99,13 @@ DecisionResult FileLoop::decide(const TaggedFile& file) {
 
 // The free name is looked for on the disk alone. In a dry run, where nothing was written, two files may thus be shown
 // with one destination.
-const std::string& FileLoop::takeDestination(const DecisionResult& decision) {
-    if (!state_.usedDestPaths.contains(decision.finalDest))
-        return *state_.usedDestPaths.insert(decision.finalDest).first;
+FileLoop::DestinationEntry& FileLoop::takeDestination(const DecisionResult& decision) {
+    const auto [entry, isNew] = state_.usedDestPaths.try_emplace(decision.finalDest);
+    if (isNew) return *entry;
     auto destination = uniqueDestination(context_.services.fileSystem, decision.finalDest);
     context_.appendLog("⚠ Path collision — renaming to avoid overwrite: " +
                        std::string(lastPathComponent(destination)));
-    return *state_.usedDestPaths.insert(std::move(destination)).first;
+    return *state_.usedDestPaths.try_emplace(std::move(destination)).first;
 }
 
 void FileLoop::addToStatistics(const TaggedFile& file, const DecisionResult& decision) {
@@ -127,10 +129,11 @@ void FileLoop::addPlanRow(const TaggedFile& file, const DecisionResult& decision
     if (pendingRows_.size() >= kRowBatchSize) publishRows();
 }
 
-void FileLoop::recordForDuplicates(DecisionResult& decision, const std::string& destination) {
-    state_.fileDates[destination] = decision.dateUsed;
+void FileLoop::recordForDuplicates(DecisionResult& decision, DestinationEntry& entry) {
+    auto& [destination, placed] = entry;
+    placed.fileDate = decision.dateUsed;
+    placed.meaningfulTail = std::move(decision.meaningfulTail);
     if (decision.sha256) state_.hashGroups[*decision.sha256].push_back(destination);
-    state_.tailsByDest[destination] = std::move(decision.meaningfulTail);
 }
 
 void FileLoop::plan(const TaggedFile& file, const std::string& destination) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "dates/FolderEvidence.h"
@@ -26,13 +27,15 @@ public:
     void run();
 
 private:
+    using DestinationEntry = std::pair<const std::string, PlacedFile>;
+
     void handle(const TaggedFile& file);
     [[nodiscard]] DecisionResult decide(const TaggedFile& file);
-    // The decided destination, or a free name where another file of this run has it already.
-    [[nodiscard]] const std::string& takeDestination(const DecisionResult& decision);
+    // Enters the decided destination, or a free name where another file of this run has it already.
+    [[nodiscard]] DestinationEntry& takeDestination(const DecisionResult& decision);
     void addToStatistics(const TaggedFile& file, const DecisionResult& decision);
     void addPlanRow(const TaggedFile& file, const DecisionResult& decision, const std::string& destination);
-    void recordForDuplicates(DecisionResult& decision, const std::string& destination);
+    void recordForDuplicates(DecisionResult& decision, DestinationEntry& entry);
     void plan(const TaggedFile& file, const std::string& destination);
     void publishRows();
     void publishProgress(std::size_t count);

@@ -4,8 +4,8 @@
 #include <memory>
 #include <stop_token>
 #include <string>
+#include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "dates/DateCandidate.h"
@@ -39,6 +39,12 @@ struct RunContext {
     void appendLog(std::string line) const { log.appendLog(std::move(line)); }
 };
 
+// What a run keeps of a file under its final destination; of the last one where two files of a dry run share it.
+struct PlacedFile {
+    Instant fileDate;                         // the date that was decided
+    std::vector<std::string> meaningfulTail;  // the folder names that say something, outermost first
+};
+
 // What a run knows, growing from stage to stage. The run's thread alone touches it. Everything here may exist once per
 // file of a large library.
 struct RunState {
@@ -47,11 +53,10 @@ struct RunState {
     std::unordered_map<std::string, DateCandidate> exifDates;  // by path, from the metadata batches
     std::unordered_map<std::string, std::string> exifCameras;  // likewise
 
-    // Final destinations taken so far. It owns the texts that the maps below are keyed by.
-    std::unordered_set<std::string> usedDestPaths;
-    std::unordered_map<std::string_view, Instant> fileDates;
-    std::unordered_map<std::string_view, std::vector<std::string>> tailsByDest;
-    std::unordered_map<std::string, std::vector<std::string_view>> hashGroups;  // by SHA-256, in processing order
+    // Final destinations taken so far, with what is known of each. One table, as every look into it misses the caches.
+    std::unordered_map<std::string, PlacedFile> usedDestPaths;
+    // By SHA-256: final destinations in processing order, views of the table above.
+    std::unordered_map<std::string, std::vector<std::string_view>> hashGroups;
 
     UndoManifest manifest;
     LibraryStats libraryStats;

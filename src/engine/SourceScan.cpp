@@ -26,13 +26,17 @@ bool overlap(const std::vector<std::string>& sources) {
 // A name in lower case, as all tables compare it, with its extension.
 class LowercasedName {
 public:
-    explicit LowercasedName(std::string_view name) : text_(lowercased(name)) {}
+    explicit LowercasedName(std::string_view name)
+        : text_(lowercased(name)), extensionLength_(pathExtension(text_).size()) {}
 
-    [[nodiscard]] std::string_view extension() const { return pathExtension(text_); }
+    [[nodiscard]] std::string_view extension() const {
+        return std::string_view(text_).substr(text_.size() - extensionLength_);
+    }
     [[nodiscard]] bool isJunk() const { return isJunkFile(text_, extension()); }
 
 private:
     std::string text_;
+    std::size_t extensionLength_;
 };
 
 class Scan {
