@@ -1,0 +1,29 @@
+// The benchmarks. Each makes its corpus, measures, and removes what it made.
+#pragma once
+
+#include <vector>
+
+#include "run/Arguments.h"
+#include "run/Report.h"
+
+namespace vellomar::bench {
+
+// Over a library of empty files: the scan against the bare walk, and the engine's own work a file beyond the scan, in
+// CPU time and memory, and how both grow with the library.
+[[nodiscard]] std::vector<Result> benchmarkScan(const Arguments& arguments);
+[[nodiscard]] std::vector<Result> benchmarkPlan(const Arguments& arguments);
+
+// A verified run with digests against the bare copy: of photos, and of files so small that calls count, not bytes.
+[[nodiscard]] std::vector<Result> benchmarkCopyOfPhotos(const Arguments& arguments);
+[[nodiscard]] std::vector<Result> benchmarkCopyOfSmallFiles(const Arguments& arguments);
+
+// The digest of one large file against the bare loop.
+[[nodiscard]] std::vector<Result> benchmarkDigest(const Arguments& arguments);
+
+// What it gains that files without a twin in size are not read in the search for duplicates.
+[[nodiscard]] std::vector<Result> benchmarkDuplicates(const Arguments& arguments);
+
+// `count` files of a corpus at full size, at the size that `arguments` ask for; not less than `least`.
+[[nodiscard]] std::size_t scaled(const Arguments& arguments, std::size_t count, std::size_t least);
+
+}  // namespace vellomar::bench

@@ -1,0 +1,135 @@
+#include "task/Jobs.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <unordered_set>
+
+#include "engine/OrganizerEngine.h"
+#include "engine/SourceScan.h"
+#include "measure/Measurement.h"
+#include "platform/FileDigest.h"
+#include "support/EngineHarness.h"
+
+namespace vellomar::bench {
+namespace {
+
+using testing::EngineHarness;
+
+Options everythingWithoutExifTool() {
+    Options options;
+    options.useExifToolForImages = false;
+    options.useExifToolForVideo = false;
+    options.includeImages = true;
+    options.includeVideos = true;
+    options.includeOther = true;
+    options.computeHashForDuplicates = false;
+    return options;
+}
+
+Options onNetwork(Options options) {
+    options.storageIsNetwork = true;
+    return options;
+}
+
+Options withDigests(Options options) {
+    options.computeHashForDuplicates = true;
+    return options;
+}
+
+Options verifiedCopy() {
+    auto options = withDigests(everythingWithoutExifTool());
+    options.dryRun = false;
+    options.verifyAfterCopy = true;
+    return options;
+}
+
+ScanResult scanned(const std::string& source, const Options& options) {
+    LinuxFileSystem fileSystem;
+    const ScanReports reports{.filesFound = [](std::size_t) {}, .log = [](const std::string&) {}};
+    return scanSources(fileSystem, {source}, options, {}, reports);
+}
+
+std::uint64_t unsignedOf(std::int64_t count) {
+    return static_cast<std::uint64_t>(count);
+}
+
+void scan(const std::string& source, const Options& options) {
+    std::optional<ScanResult> result;  // outlives the measurement, as it outlives a run's scan
+    printMeasurementOf([&] {
+        result = scanned(source, options);
+        return Amount{result->files.size(), unsignedOf(result->fileSizes.total())};
+    });
+}
+
+// An empty source ends a run early; its measurement shows what a process costs before its first file.
+void run(const std::string& source, const std::string& dest, const Options& options) {
+    EngineHarness harness;
+    // The harness's own observer remembers all that it sees, which is no memory of the engine's.
+    harness.engine = std::make_unique<OrganizerEngine>(EngineServices{harness.mainActor, harness.realFileSystem,
+                                                                      harness.systemClock, harness.notifications,
+                                                                      harness.sleepInhibitor, harness.userDefaults});
+    printMeasurementOf([&] {
+        harness.run({source}, dest, options);
+        const auto& state = harness.state();
+        return Amount{unsignedOf(state.libraryStats.totalFiles), unsignedOf(state.bytesProcessed)};
+    });
+    const auto& state = harness.state();
+    if (state.totalFilesScanned > 0 && state.statusText != "Done") throw std::runtime_error(state.statusText);
+    if (state.verifyFailures > 0) throw std::runtime_error("copies differ from their sources");
+}
+
+Amount digested(FileSystem& fileSystem, const std::string& path, std::int64_t size) {
+    if (!sha256OfFile(fileSystem, path)) throw std::runtime_error("cannot read " + path);
+    return {1, unsignedOf(size)};
+}
+
+void digest(const std::string& path) {
+    LinuxFileSystem fileSystem;
+    const auto status = fileSystem.status(path);
+    if (!status) throw std::runtime_error("cannot look at " + path);
+    printMeasurementOf([&] { return digested(fileSystem, path, status->size); });
+}
+
+void digestAll(const std::string& source) {
+    LinuxFileSystem fileSystem;
+    const auto found = scanned(source, everythingWithoutExifTool());
+    printMeasurementOf([&] {
+        Amount sum;
+        for (const auto& file : found.files) {
+            const auto one = digested(fileSystem, file.path, file.size.value_or(0));
+            sum.files += one.files;
+            sum.bytes += one.bytes;
+        }
+        return sum;
+    });
+}
+
+Job scanWith(const Options& options) {
+    return [options](const std::string& source, const std::string& /*dest*/) { scan(source, options); };
+}
+
+Job runWith(const Options& options) {
+    return [options](const std::string& source, const std::string& dest) { run(source, dest, options); };
+}
+
+}  // namespace
+
+const std::map<std::string_view, Job>& jobs() {
+    static const auto basic = everythingWithoutExifTool();
+    static const std::map<std::string_view, Job> all = {
+        {"scan", scanWith(basic)},
+        {"scan-network", scanWith(onNetwork(basic))},
+        {"plan-network", runWith(onNetwork(basic))},
+        {"plan", runWith(basic)},
+        {"plan-hashed", runWith(withDigests(basic))},
+        {"copy", runWith(verifiedCopy())},
+        {"digest", [](const std::string& source, const std::string& /*dest*/) { digest(source); }},
+        {"digest-all", [](const std::string& source, const std::string& /*dest*/) { digestAll(source); }},
+    };
+    return all;
+}
+
+}  // namespace vellomar::bench

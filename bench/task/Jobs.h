@@ -1,0 +1,27 @@
+// The engine's jobs that are measured.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace vellomar::bench {
+
+// Does one job and prints its measurement. `source` is a file or a folder; `dest` a folder that stands, empty text for
+// jobs without one. Throws if the job does not end as it must.
+using Job = std::function<void(const std::string& source, const std::string& dest)>;
+
+// By name:
+//
+//   scan           scanSources() of everything below a folder
+//   scan-network   the same as on network storage
+//   plan-network   a dry run as on network storage: names alone, no digests
+//   plan           a dry run, no digests
+//   plan-hashed    a dry run with digests for the search for duplicates
+//   copy           a real run, verified and with digests
+//   digest         sha256OfFile() of one file
+//   digest-all     sha256OfFile() of every file below a folder
+[[nodiscard]] const std::map<std::string_view, Job>& jobs();
+
+}  // namespace vellomar::bench
