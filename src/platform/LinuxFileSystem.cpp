@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/ExclusiveMove.h"
 #include "platform/FileDescriptor.h"
 #include "platform/FileStatusFromKernel.h"
 #include "platform/LinuxDirectory.h"
@@ -36,16 +37,9 @@ bool isUnsupported(int error) {
     return error == EINVAL || error == ENOSYS || error == ENOTSUP;
 }
 
-// link() refuses an existing name by itself, so this too is one atomic decision.
-Expected<void> moveByHardLink(const std::string& from, const std::string& to) {
-    if (::link(from.c_str(), to.c_str()) != 0) return systemFailure(errno);
-    return successOrFailure(::unlink(from.c_str()));
-}
-
-// The last resort, for FAT and some shares: a name taken between the look and the rename would be replaced.
-Expected<void> moveAfterLooking(const std::string& from, const std::string& to) {
-    if (readStatus(AT_FDCWD, to.c_str(), AT_SYMLINK_NOFOLLOW)) return systemFailure(EEXIST);
-    return successOrFailure(::rename(from.c_str(), to.c_str()));
+// FAT says EPERM, and shares say what they like.
+bool hasNoHardLinks(const Error& error) {
+    return isSystemError(error, EPERM) || isSystemError(error, EMLINK) || isUnsupported(error.code);
 }
 
 }  // namespace
@@ -94,7 +88,7 @@ Expected<void> LinuxFileSystem::renameWithoutReplacing(const std::string& from, 
     if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return {};
     if (!isUnsupported(errno)) return systemFailure(errno);
     auto moved = moveByHardLink(from, to);
-    if (moved || isSystemError(moved.error(), EEXIST)) return moved;
+    if (moved || !hasNoHardLinks(moved.error())) return moved;
     return moveAfterLooking(from, to);
 }
 
