@@ -59,7 +59,7 @@ std::string libraryName(std::size_t number) {
 }
 
 std::string makeFolder(const std::string& parent, const std::string& name) {
-    const auto path = fmt::format("{}/{}", parent, name);
+    auto path = fmt::format("{}/{}", parent, name);
     fs::create_directories(path);
     return path;
 }

@@ -24,8 +24,8 @@ struct NameCase {
     int score;
 };
 
-template <std::size_t Count>
-void expectDates(const NameCase (&cases)[Count]) {
+template <std::size_t count>
+void expectDates(const NameCase (&cases)[count]) {
     for (const auto& [stem, date, source, score] : cases) {
         SCOPED_TRACE(stem);
         const auto found = filenameCandidate(stem, kNow);

@@ -18,8 +18,8 @@ struct FolderCase {
     std::optional<int> month;
 };
 
-template <std::size_t Count>
-void expectYears(const FolderCase (&cases)[Count], bool parseMonthWords = true) {
+template <std::size_t count>
+void expectYears(const FolderCase (&cases)[count], bool parseMonthWords = true) {
     for (const auto& [path, year, month] : cases) {
         SCOPED_TRACE(path);
         EXPECT_EQ(folderYearMonth(path, parseMonthWords, in2026()), (FolderYearMonth{year, month}));

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 namespace {
 
 fs::path parentOf(TemporaryFolder::Where where) {
-    const fs::path inMemory = "/dev/shm";
+    fs::path inMemory = "/dev/shm";
     if (where == TemporaryFolder::Where::inMemory && fs::is_directory(inMemory)) return inMemory;
     return fs::temp_directory_path();
 }
@@ -39,7 +39,7 @@ std::string TemporaryFolder::operator/(std::string_view relative) const {
 }
 
 std::string TemporaryFolder::write(std::string_view relative, std::string_view content) const {
-    const std::string path = *this / relative;
+    std::string path = *this / relative;
     fs::create_directories(fs::path(path).parent_path());
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     file << content;
@@ -49,7 +49,7 @@ std::string TemporaryFolder::write(std::string_view relative, std::string_view c
 }
 
 std::string TemporaryFolder::makeFolder(std::string_view relative) const {
-    const std::string path = *this / relative;
+    std::string path = *this / relative;
     fs::create_directories(path);
     return path;
 }

@@ -30,8 +30,8 @@ std::string capitalized(std::string_view text) {
     return upper(text.substr(0, 1)) + std::string(text.substr(1));
 }
 
-template <std::size_t Count>
-void expectKind(const std::string_view (&extensions)[Count], FileKind kind) {
+template <std::size_t count>
+void expectKind(const std::string_view (&extensions)[count], FileKind kind) {
     for (const auto extension : extensions) {
         SCOPED_TRACE(extension);
         EXPECT_EQ(fileKindOf("/a/b." + std::string(extension)), kind);
@@ -42,8 +42,8 @@ void expectKind(const std::string_view (&extensions)[Count], FileKind kind) {
     }
 }
 
-template <std::size_t Count>
-bool holds(const std::string_view (&extensions)[Count], std::string_view extension) {
+template <std::size_t count>
+bool holds(const std::string_view (&extensions)[count], std::string_view extension) {
     return std::ranges::find(extensions, extension) != std::end(extensions);
 }
 
