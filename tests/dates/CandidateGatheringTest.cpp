@@ -23,27 +23,27 @@ const std::string kText = "/card/20230814_143021.txt";
 class CandidateGathering : public ::testing::Test {
 protected:
     std::vector<DateCandidate> gather(const std::string& path, FileKind kind) {
-        return gatherDateCandidates({fileSystem_, &reader_, exifDates_, options_}, path, kind, folder_, now_);
+        return gatherDateCandidates({fileSystem, &reader, exifDates, options}, path, kind, folder, now);
     }
 
     // Every source has something to say about every file.
     void tellEverything() {
         for (const auto& path : {kImage, kVideo, kText}) {
-            reader_.sidecars[path] = {local(2023, 1, 1), "XMP Sidecar", 97};
-            reader_.images[path] = {local(2023, 1, 2), "EXIF TIFF DateTime"};
-            reader_.videos[path] = {local(2023, 1, 3), "AVFoundation commonCreationDate", 75};
-            exifDates_[path] = {local(2023, 1, 4), "ExifTool CreateDate", 90};
-            fileSystem_.setDates(path, local(2023, 9, 1), local(2023, 9, 2));
+            reader.sidecars[path] = {local(2023, 1, 1), "XMP Sidecar", 97};
+            reader.images[path] = {local(2023, 1, 2), "EXIF TIFF DateTime"};
+            reader.videos[path] = {local(2023, 1, 3), "AVFoundation commonCreationDate", 75};
+            exifDates[path] = {local(2023, 1, 4), "ExifTool CreateDate", 90};
+            fileSystem.setDates(path, local(2023, 9, 1), local(2023, 9, 2));
         }
-        folder_ = FolderYearMonth{2012, 8};
+        folder = FolderYearMonth{2012, 8};
     }
 
-    testing::PretendFileSystem fileSystem_;
-    testing::FakeMetadataReader reader_;
-    ExifDates exifDates_;
-    Options options_;
-    std::optional<FolderYearMonth> folder_;
-    Instant now_ = local(2026, 5, 28);
+    testing::PretendFileSystem fileSystem;
+    testing::FakeMetadataReader reader;
+    ExifDates exifDates;
+    Options options;
+    std::optional<FolderYearMonth> folder;
+    Instant now = local(2026, 5, 28);
 };
 
 DateCandidate name() {
@@ -75,33 +75,31 @@ TEST_F(CandidateGathering, AVideoHasNoSidecar) {
     EXPECT_THAT(gather(kVideo, FileKind::video),
                 ElementsAre(exifTool(), DateCandidate{local(2023, 1, 3), "AVFoundation commonCreationDate", 75}, name(),
                             folderMonth(), created(), modified()));
-    EXPECT_THAT(reader_.calls, ElementsAre("video " + kVideo));
+    EXPECT_THAT(reader.calls, ElementsAre("video " + kVideo));
 }
 
 TEST_F(CandidateGathering, AnotherFileHasNoEmbeddedDate) {
     tellEverything();
     EXPECT_THAT(gather(kText, FileKind::other), ElementsAre(name(), folderMonth(), created(), modified()));
-    EXPECT_THAT(reader_.calls, IsEmpty());
+    EXPECT_THAT(reader.calls, IsEmpty());
 }
 
 TEST_F(CandidateGathering, OnNetworkStorageNothingIsLookedAt) {
     tellEverything();
-    options_.storageIsNetwork = true;
+    options.storageIsNetwork = true;
     EXPECT_THAT(gather(kImage, FileKind::image), ElementsAre(exifTool(), name(), folderMonth()));
     EXPECT_THAT(gather(kVideo, FileKind::video), ElementsAre(exifTool(), name(), folderMonth()));
     EXPECT_THAT(gather(kText, FileKind::other), ElementsAre(name(), folderMonth()));
-    EXPECT_THAT(reader_.calls, IsEmpty());
-    EXPECT_THAT(fileSystem_.calls, IsEmpty());
+    EXPECT_THAT(reader.calls, IsEmpty());
+    EXPECT_THAT(fileSystem.calls, IsEmpty());
 }
 
 TEST_F(CandidateGathering, WithoutAReaderTheOtherSourcesRemain) {
     tellEverything();
-    EXPECT_THAT(
-        gatherDateCandidates({fileSystem_, nullptr, exifDates_, options_}, kImage, FileKind::image, folder_, now_),
-        ElementsAre(exifTool(), name(), folderMonth(), created(), modified()));
-    EXPECT_THAT(
-        gatherDateCandidates({fileSystem_, nullptr, exifDates_, options_}, kVideo, FileKind::video, folder_, now_),
-        ElementsAre(exifTool(), name(), folderMonth(), created(), modified()));
+    EXPECT_THAT(gatherDateCandidates({fileSystem, nullptr, exifDates, options}, kImage, FileKind::image, folder, now),
+                ElementsAre(exifTool(), name(), folderMonth(), created(), modified()));
+    EXPECT_THAT(gatherDateCandidates({fileSystem, nullptr, exifDates, options}, kVideo, FileKind::video, folder, now),
+                ElementsAre(exifTool(), name(), folderMonth(), created(), modified()));
 }
 
 TEST_F(CandidateGathering, SourcesWithNothingToSayAddNothing) {
@@ -109,7 +107,7 @@ TEST_F(CandidateGathering, SourcesWithNothingToSayAddNothing) {
 }
 
 TEST_F(CandidateGathering, NamesAreParsedEvenWhenTheOptionIsOff) {
-    options_.parseNameDates = false;
+    options.parseNameDates = false;
     EXPECT_THAT(gather(kText, FileKind::other), ElementsAre(name()));
 }
 
@@ -120,26 +118,26 @@ TEST_F(CandidateGathering, OnlyTheLastExtensionIsCutFromAName) {
 }
 
 TEST_F(CandidateGathering, AFolderWithAYearAloneMeansMidJune) {
-    folder_ = FolderYearMonth{2012, std::nullopt};
+    folder = FolderYearMonth{2012, std::nullopt};
     EXPECT_THAT(gather("/card/a.txt", FileKind::other),
                 ElementsAre(DateCandidate{local(2012, 6, 15, 12), "Folder-derived Y", 35}));
 }
 
 TEST_F(CandidateGathering, ACreationDateMayBeMissing) {
-    fileSystem_.setDates("/card/a.txt", std::nullopt, local(2023, 9, 2));
+    fileSystem.setDates("/card/a.txt", std::nullopt, local(2023, 9, 2));
     EXPECT_THAT(gather("/card/a.txt", FileKind::other), ElementsAre(modified()));
 }
 
 TEST_F(CandidateGathering, FileDatesThatDisagreeScoreLittle) {
     const auto created = local(2023, 1, 1);
     for (const auto distance : {180 * 24h, -180 * 24h}) {
-        fileSystem_.setDates("/card/a.txt", created, created + distance);
+        fileSystem.setDates("/card/a.txt", created, created + distance);
         EXPECT_THAT(gather("/card/a.txt", FileKind::other),
                     ElementsAre(DateCandidate{created, "FS CreationDate", 15},
                                 DateCandidate{created + distance, "FS ModificationDate", 20}));
     }
     for (const Instant modified : {created + 180 * 24h + 1us, created - 180 * 24h - 1us}) {
-        fileSystem_.setDates("/card/a.txt", created, modified);
+        fileSystem.setDates("/card/a.txt", created, modified);
         EXPECT_THAT(gather("/card/a.txt", FileKind::other),
                     ElementsAre(DateCandidate{created, "FS CreationDate", 5},
                                 DateCandidate{modified, "FS ModificationDate", 5}));
@@ -147,9 +145,9 @@ TEST_F(CandidateGathering, FileDatesThatDisagreeScoreLittle) {
 }
 
 TEST_F(CandidateGathering, TheFileIsLookedAtOnce) {
-    fileSystem_.setDates(kImage, local(2023, 9, 1), local(2023, 9, 2));
+    fileSystem.setDates(kImage, local(2023, 9, 1), local(2023, 9, 2));
     static_cast<void>(gather(kImage, FileKind::image));
-    EXPECT_THAT(fileSystem_.calls, ElementsAre("status " + kImage));
+    EXPECT_THAT(fileSystem.calls, ElementsAre("status " + kImage));
 }
 
 }  // namespace

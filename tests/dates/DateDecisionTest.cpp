@@ -31,31 +31,31 @@ public:
 
 class DateDecision : public ::testing::Test {
 protected:
-    DateDecision() { options_.computeHashForDuplicates = false; }
+    DateDecision() { options.computeHashForDuplicates = false; }
 
-    DecisionResult decide(const std::string& path, FileSystem& fileSystem, MetadataReader* reader) {
-        return decideFile({fileSystem, clock_, defaults_, reader, folderEvidence_},
-                          {path, sourceRoot_, dest_, options_, exifDates_, exifCameras_, rules_, mayHaveDuplicate_});
+    DecisionResult decide(const std::string& path, FileSystem& disk, MetadataReader* metadata) {
+        return decideFile({disk, clock, defaults, metadata, folderEvidence},
+                          {path, sourceRoot, dest, options, exifDates, exifCameras, rules, mayHaveDuplicate});
     }
-    DecisionResult decide(const std::string& path) { return decide(path, fileSystem_, &reader_); }
+    DecisionResult decide(const std::string& path) { return decide(path, fileSystem, &reader); }
 
     void addSibling(const std::string& name, int year) {
-        fileSystem_.listings["/card"].push_back(name);
-        reader_.images["/card/" + name] = {local(year, 3, 1, 12), "EXIF DateTimeOriginal"};
+        fileSystem.listings["/card"].push_back(name);
+        reader.images["/card/" + name] = {local(year, 3, 1, 12), "EXIF DateTimeOriginal"};
     }
 
-    testing::PretendFileSystem fileSystem_;
-    testing::ManualClock clock_{local(2026, 5, 28, 12)};
-    SwitchedDefaults defaults_;
-    testing::FakeMetadataReader reader_;
-    FolderEvidenceCache folderEvidence_;
-    std::string sourceRoot_ = "/card";
-    std::string dest_ = "/Lib";
-    Options options_;
-    ExifDates exifDates_;
-    ExifCameras exifCameras_;
-    std::vector<FolderRenameRule> rules_;
-    bool mayHaveDuplicate_ = true;
+    testing::PretendFileSystem fileSystem;
+    testing::ManualClock clock{local(2026, 5, 28, 12)};
+    SwitchedDefaults defaults;
+    testing::FakeMetadataReader reader;
+    FolderEvidenceCache folderEvidence;
+    std::string sourceRoot = "/card";
+    std::string dest = "/Lib";
+    Options options;
+    ExifDates exifDates;
+    ExifCameras exifCameras;
+    std::vector<FolderRenameRule> rules;
+    bool mayHaveDuplicate = true;
 };
 
 // What comes behind "kind=" in a decision text.
@@ -67,11 +67,11 @@ std::string kindOf(const DecisionResult& result) {
 
 TEST_F(DateDecision, TheExplanationOfAConfirmedDateIsComplete) {
     const std::string path = "/card/Vacation/Day 1/20230814_143021.JPG";
-    dest_ = "/Volumes/Library";
-    reader_.images[path] = {local(2023, 8, 14, 14, 30, 21), "EXIF DateTimeOriginal"};
-    reader_.cameras[path] = "Canon EOS R5";
-    fileSystem_.setDates(path, local(2023, 9, 1, 10, 2, 11), local(2023, 9, 1, 10, 2, 11));
-    options_.conflictPolicy = ConflictPolicy::skip;
+    dest = "/Volumes/Library";
+    reader.images[path] = {local(2023, 8, 14, 14, 30, 21), "EXIF DateTimeOriginal"};
+    reader.cameras[path] = "Canon EOS R5";
+    fileSystem.setDates(path, local(2023, 9, 1, 10, 2, 11), local(2023, 9, 1, 10, 2, 11));
+    options.conflictPolicy = ConflictPolicy::skip;
 
     const auto result = decide(path);
 
@@ -95,23 +95,23 @@ TEST_F(DateDecision, TheExplanationOfAConfirmedDateIsComplete) {
 }
 
 TEST_F(DateDecision, WithoutAnyCandidateItIsNowAndWeak) {
-    options_.storageIsNetwork = true;
+    options.storageIsNetwork = true;
     addSibling("a.jpg", 2019);
     const auto result = decide("/card/IMG_4821.JPG");
     EXPECT_EQ(result.decision,
               "kind=Fallback Now; strong=N; date=2026-05-28 12:00:00; first=''; tail=''; "
               "dest='/Lib/2026/05 - May/2026-05-28_120000_IMG_4821.jpg'");
     EXPECT_EQ(result.decisionLog, "chosen=Fallback Now(10); candidates=[]");
-    EXPECT_EQ(result.dateUsed, clock_.now());
+    EXPECT_EQ(result.dateUsed, clock.now());
     EXPECT_FALSE(result.isStrongDate);
     EXPECT_THAT(result.meaningfulTail, IsEmpty());
     EXPECT_EQ(result.cameraModel, "—");
-    EXPECT_THAT(fileSystem_.calls, IsEmpty());
-    EXPECT_THAT(reader_.calls, IsEmpty());
+    EXPECT_THAT(fileSystem.calls, IsEmpty());
+    EXPECT_THAT(reader.calls, IsEmpty());
 }
 
 TEST_F(DateDecision, NothingIsEscaped) {
-    options_.storageIsNetwork = true;
+    options.storageIsNetwork = true;
     EXPECT_THAT(decide("/card/It's; here/\xff\x22.jpg").decision,
                 EndsWith("; first='It's; here'; tail='It's; here'; "
                          "dest='/Lib/2026/05 - May/It's; here/2026-05-28_120000_\xff\x22.jpg'"));
@@ -144,8 +144,8 @@ TEST_F(DateDecision, NamesAreStrongAndFoldersAreNot) {
 
 TEST_F(DateDecision, ASidecarThatANameConfirmsWinsTheTieWithExifTool) {
     const std::string path = "/card/20230814_143021.jpg";
-    reader_.sidecars[path] = {local(2023, 8, 14, 14, 30, 20), "XMP Sidecar", 97};
-    exifDates_[path] = {local(2023, 8, 14, 14, 30, 21), "ExifTool DateTimeOriginal", 100};
+    reader.sidecars[path] = {local(2023, 8, 14, 14, 30, 20), "XMP Sidecar", 97};
+    exifDates[path] = {local(2023, 8, 14, 14, 30, 21), "ExifTool DateTimeOriginal", 100};
     const auto result = decide(path);
     EXPECT_EQ(kindOf(result), "XMP Sidecar+confirmed");
     EXPECT_THAT(result.decisionLog, StartsWith("chosen=XMP Sidecar+confirmed(100); candidates=[XMP "
@@ -155,24 +155,24 @@ TEST_F(DateDecision, ASidecarThatANameConfirmsWinsTheTieWithExifTool) {
 
 TEST_F(DateDecision, ExifToolsBestDateNeedsNoConfirmation) {
     const std::string path = "/card/a.jpg";
-    exifDates_[path] = {local(2023, 8, 14), "ExifTool DateTimeOriginal", 100};
-    reader_.images[path] = {local(2022, 1, 1), "EXIF DateTimeOriginal"};
+    exifDates[path] = {local(2023, 8, 14), "ExifTool DateTimeOriginal", 100};
+    reader.images[path] = {local(2022, 1, 1), "EXIF DateTimeOriginal"};
     EXPECT_EQ(decide(path).decisionLog,
               "chosen=ExifTool DateTimeOriginal(100); candidates=[ExifTool DateTimeOriginal(100)=2023-08-14 00:00:00; "
               "EXIF DateTimeOriginal(95)=2022-01-01 00:00:00]");
 }
 
 TEST_F(DateDecision, ExifToolsFileDateWinsTheTieWithTheFileDate) {
-    exifDates_["/card/a.jpg"] = {local(2023, 8, 14), "ExifTool FileModifyDate", 20};
-    fileSystem_.setDates("/card/a.jpg", std::nullopt, local(2023, 8, 15));
+    exifDates["/card/a.jpg"] = {local(2023, 8, 14), "ExifTool FileModifyDate", 20};
+    fileSystem.setDates("/card/a.jpg", std::nullopt, local(2023, 8, 15));
     EXPECT_EQ(kindOf(decide("/card/a.jpg")), "ExifTool FileModifyDate");
 }
 
 TEST_F(DateDecision, ADateOfTomorrowCanWinAndALaterOneCannot) {
     const std::string path = "/card/20230814.jpg";
-    reader_.images[path] = {clock_.now() + 24h - 1s, "EXIF DateTimeOriginal"};
+    reader.images[path] = {clock.now() + 24h - 1s, "EXIF DateTimeOriginal"};
     EXPECT_EQ(kindOf(decide(path)), "EXIF DateTimeOriginal");
-    reader_.images[path] = {clock_.now() + 24h, "EXIF DateTimeOriginal"};
+    reader.images[path] = {clock.now() + 24h, "EXIF DateTimeOriginal"};
     const auto result = decide(path);
     EXPECT_EQ(kindOf(result), "Filename");
     EXPECT_EQ(result.decisionLog, "chosen=Filename(70); candidates=[Filename(70)=2023-08-14 00:00:00]");
@@ -180,19 +180,19 @@ TEST_F(DateDecision, ADateOfTomorrowCanWinAndALaterOneCannot) {
 
 TEST_F(DateDecision, TheEpochIsNoShootDateAndASecondLaterIs) {
     const std::string path = "/card/20230814.jpg";
-    reader_.images[path] = {Instant(), "EXIF DateTimeOriginal"};
+    reader.images[path] = {Instant(), "EXIF DateTimeOriginal"};
     EXPECT_EQ(kindOf(decide(path)), "Filename");
-    reader_.images[path] = {Instant() + 1s, "EXIF DateTimeOriginal"};
+    reader.images[path] = {Instant() + 1s, "EXIF DateTimeOriginal"};
     EXPECT_EQ(kindOf(decide(path)), "EXIF DateTimeOriginal");
 }
 
 TEST_F(DateDecision, AFolderBeatsFileDatesAndSuspectsThoseFarFromIt) {
     const std::string path = "/card/Fotos 2012/a.jpg";
-    fileSystem_.setDates(path, local(2021, 3, 1), local(2021, 3, 1));
+    fileSystem.setDates(path, local(2021, 3, 1), local(2021, 3, 1));
     EXPECT_EQ(decide(path).decisionLog,
               "chosen=Folder-derived Y(35); candidates=[Folder-derived Y(35)=2012-06-15 12:00:00; FS "
               "CreationDate+suspect(10)=2021-03-01 00:00:00; FS ModificationDate+suspect(10)=2021-03-01 00:00:00]");
-    fileSystem_.setDates(path, local(2013, 3, 1), local(2013, 3, 1));
+    fileSystem.setDates(path, local(2013, 3, 1), local(2013, 3, 1));
     EXPECT_EQ(decide(path).decisionLog,
               "chosen=Folder-derived Y(35); candidates=[Folder-derived Y(35)=2012-06-15 12:00:00; FS "
               "ModificationDate(20)=2013-03-01 00:00:00; FS CreationDate(15)=2013-03-01 00:00:00]");
@@ -200,13 +200,13 @@ TEST_F(DateDecision, AFolderBeatsFileDatesAndSuspectsThoseFarFromIt) {
 
 TEST_F(DateDecision, AFolderYearTooEarlyToBeADateSuspectsNothing) {
     const std::string path = "/card/Marzo 1905/a.jpg";
-    fileSystem_.setDates(path, std::nullopt, local(2021, 3, 1));
+    fileSystem.setDates(path, std::nullopt, local(2021, 3, 1));
     EXPECT_EQ(kindOf(decide(path)), "FS ModificationDate");
 }
 
 TEST_F(DateDecision, NeighboursRescueAFileWithNothingBetterThanAFileDate) {
-    fileSystem_.setDates("/card/a.jpg", std::nullopt, local(2021, 3, 1));
-    fileSystem_.listings["/card"] = {"a.jpg", "notes.txt"};
+    fileSystem.setDates("/card/a.jpg", std::nullopt, local(2021, 3, 1));
+    fileSystem.listings["/card"] = {"a.jpg", "notes.txt"};
     addSibling("b.jpg", 2019);
     const auto result = decide("/card/a.jpg");
     EXPECT_EQ(result.decision,
@@ -223,68 +223,68 @@ TEST_F(DateDecision, NeighboursRescueAFileWithoutAnyDate) {
 }
 
 TEST_F(DateDecision, NeighboursAreNotAskedWhenTheFolderTellsAYear) {
-    fileSystem_.listings["/card/2012"] = {"b.jpg"};
+    fileSystem.listings["/card/2012"] = {"b.jpg"};
     EXPECT_EQ(kindOf(decide("/card/2012/a.jpg")), "Folder-derived Y");
-    EXPECT_THAT(fileSystem_.calls, ElementsAre("status /card/2012/a.jpg"));
+    EXPECT_THAT(fileSystem.calls, ElementsAre("status /card/2012/a.jpg"));
 }
 
 TEST_F(DateDecision, NeighboursAreAskedAtTwentyButNotAbove) {
     addSibling("b.jpg", 2019);
-    exifDates_["/card/a.jpg"] = {local(2023, 8, 14), "ExifTool FileModifyDate", 20};
+    exifDates["/card/a.jpg"] = {local(2023, 8, 14), "ExifTool FileModifyDate", 20};
     EXPECT_EQ(kindOf(decide("/card/a.jpg")), "Sibling-derived Y");
-    exifDates_["/card/a.jpg"].score = 21;
+    exifDates["/card/a.jpg"].score = 21;
     EXPECT_EQ(kindOf(decide("/card/a.jpg")), "ExifTool FileModifyDate");
 }
 
 TEST_F(DateDecision, NeighboursThatLendNothingChangeNothing) {
-    fileSystem_.setDates("/card/a.jpg", std::nullopt, local(2021, 3, 1));
+    fileSystem.setDates("/card/a.jpg", std::nullopt, local(2021, 3, 1));
     EXPECT_EQ(kindOf(decide("/card/a.jpg")), "FS ModificationDate") << "the folder cannot be listed";
-    fileSystem_.listings["/card"] = {"a.jpg", "b.jpg"};
+    fileSystem.listings["/card"] = {"a.jpg", "b.jpg"};
     EXPECT_EQ(kindOf(decide("/card/a.jpg")), "FS ModificationDate") << "no neighbour is dated";
     addSibling("c.jpg", 2019);
-    fileSystem_.listingsBreakOff = true;
+    fileSystem.listingsBreakOff = true;
     EXPECT_EQ(kindOf(decide("/card/a.jpg")), "FS ModificationDate") << "the listing breaks off";
 }
 
 TEST_F(DateDecision, WithoutAReaderTheFolderIsNotListed) {
     addSibling("b.jpg", 2019);
-    fileSystem_.setDates("/card/a.jpg", std::nullopt, local(2021, 3, 1));
-    const auto result = decide("/card/a.jpg", fileSystem_, nullptr);
+    fileSystem.setDates("/card/a.jpg", std::nullopt, local(2021, 3, 1));
+    const auto result = decide("/card/a.jpg", fileSystem, nullptr);
     EXPECT_EQ(kindOf(result), "FS ModificationDate");
     EXPECT_EQ(result.cameraModel, "—");
-    EXPECT_THAT(fileSystem_.calls, ElementsAre("status /card/a.jpg"));
+    EXPECT_THAT(fileSystem.calls, ElementsAre("status /card/a.jpg"));
 }
 
 TEST_F(DateDecision, ANeighbourInTheRootFolderIsFound) {
-    sourceRoot_ = "/";
-    fileSystem_.listings["/"] = {"a.jpg", "b.jpg"};
-    reader_.images["/a.jpg"] = {Instant(), "EXIF DateTimeOriginal"};
-    reader_.images["/b.jpg"] = {local(2019, 3, 1), "EXIF DateTimeOriginal"};
+    sourceRoot = "/";
+    fileSystem.listings["/"] = {"a.jpg", "b.jpg"};
+    reader.images["/a.jpg"] = {Instant(), "EXIF DateTimeOriginal"};
+    reader.images["/b.jpg"] = {local(2019, 3, 1), "EXIF DateTimeOriginal"};
     EXPECT_EQ(kindOf(decide("/a.jpg")), "Sibling-derived Y");
 }
 
 TEST_F(DateDecision, RulesAndFloppyModeTakeEffectFromFileToFile) {
-    options_.storageIsNetwork = true;
+    options.storageIsNetwork = true;
     EXPECT_THAT(decide("/card/Floppy Dorno/a.jpg").meaningfulTail, ElementsAre("Floppy Dorno"));
-    defaults_.floppy = true;
+    defaults.floppy = true;
     EXPECT_THAT(decide("/card/Floppy Dorno/b.jpg").meaningfulTail, ElementsAre("Floppy"));
-    rules_.emplace_back();
-    rules_.back().matchText = "floppy";
+    rules.emplace_back();
+    rules.back().matchText = "floppy";
     const auto result = decide("/card/Floppy Dorno/c.jpg");
     EXPECT_THAT(result.meaningfulTail, ElementsAre(""));
     EXPECT_THAT(result.decision, EndsWith("; first=''; tail=''; dest='/Lib/2026/05 - May/2026-05-28_120000_c.jpg'"));
 }
 
 TEST_F(DateDecision, MonthWordsCountOnlyWhereTheyAreWanted) {
-    options_.storageIsNetwork = true;
+    options.storageIsNetwork = true;
     EXPECT_EQ(decide("/card/Aug 2019/a.jpg").resolvedDateStr, "2019-08-15 12:00:00");
-    options_.parseMonthWords = false;
+    options.parseMonthWords = false;
     EXPECT_EQ(decide("/card/Aug 2019/a.jpg").resolvedDateStr, "2019-06-15 12:00:00");
 }
 
 TEST_F(DateDecision, ExifToolsCameraCountsOnNetworkStorage) {
-    options_.storageIsNetwork = true;
-    exifCameras_["/card/a.jpg"] = "Canon EOS R5";
+    options.storageIsNetwork = true;
+    exifCameras["/card/a.jpg"] = "Canon EOS R5";
     EXPECT_EQ(decide("/card/a.jpg").cameraModel, "Canon EOS R5");
 }
 
@@ -294,15 +294,15 @@ constexpr const char* kDigestOfAbc = "ba7816bf8f01cfea414140de5dae2223b00361a396
 class DecisionDigest : public DateDecision {
 protected:
     DecisionDigest() {
-        options_.computeHashForDuplicates = true;
-        sourceRoot_ = folder_.path();
+        options.computeHashForDuplicates = true;
+        sourceRoot = folder.path();
     }
 
-    std::optional<std::string> digest() { return decide(path_, disk_, nullptr).sha256; }
+    std::optional<std::string> digest() { return decide(path, disk, nullptr).sha256; }
 
-    testing::TemporaryFolder folder_;
-    std::string path_ = folder_.write("20230814_143021.jpg", "abc");
-    LinuxFileSystem disk_;
+    testing::TemporaryFolder folder;
+    std::string path = folder.write("20230814_143021.jpg", "abc");
+    LinuxFileSystem disk;
 };
 
 TEST_F(DecisionDigest, IsTakenWhereItIsAskedFor) {
@@ -319,37 +319,37 @@ TEST_F(DecisionDigest, IsTakenWhereItIsAskedFor) {
     };
     for (const auto& [computeHash, network, dryRun, taken] : kCases) {
         SCOPED_TRACE(::testing::Message() << "hash " << computeHash << ", network " << network << ", dry " << dryRun);
-        options_.computeHashForDuplicates = computeHash;
-        options_.storageIsNetwork = network;
-        options_.dryRun = dryRun;
+        options.computeHashForDuplicates = computeHash;
+        options.storageIsNetwork = network;
+        options.dryRun = dryRun;
         EXPECT_EQ(digest(), taken ? std::optional<std::string>(kDigestOfAbc) : std::nullopt);
     }
 }
 
 TEST_F(DecisionDigest, IsNotTakenOfAFileThatCanHaveNoDuplicate) {
-    mayHaveDuplicate_ = false;
+    mayHaveDuplicate = false;
     EXPECT_EQ(digest(), std::nullopt);
 }
 
 TEST_F(DecisionDigest, OfAFileThatIsGoneIsAbsent) {
-    path_ = folder_ / "20230814_143022.jpg";
+    path = folder / "20230814_143022.jpg";
     EXPECT_EQ(digest(), std::nullopt);
 }
 
 TEST_F(DecisionDigest, ARealFileIsDecidedFromItsRealDates) {
-    const auto undated = folder_.write("a.txt");
-    ASSERT_TRUE(disk_.setModificationDate(undated, local(2021, 3, 1, 4, 5, 6)).has_value());
-    const auto result = decide(undated, disk_, nullptr);
+    const auto undated = folder.write("a.txt");
+    ASSERT_TRUE(disk.setModificationDate(undated, local(2021, 3, 1, 4, 5, 6)).has_value());
+    const auto result = decide(undated, disk, nullptr);
     EXPECT_THAT(result.decisionLog, HasSubstr("FS ModificationDate("));
     EXPECT_THAT(result.decisionLog, HasSubstr("=2021-03-01 04:05:06"));
 }
 
 TEST_F(DecisionDigest, ARealFolderLendsItsYear) {
-    const auto undated = folder_.write("a.txt");
-    const auto neighbour = folder_.write("b.jpg");
-    ASSERT_TRUE(disk_.setModificationDate(undated, local(2021, 3, 1)).has_value());
-    reader_.images[neighbour] = {local(2019, 3, 1), "EXIF DateTimeOriginal"};
-    EXPECT_EQ(kindOf(decide(undated, disk_, &reader_)), "Sibling-derived Y");
+    const auto undated = folder.write("a.txt");
+    const auto neighbour = folder.write("b.jpg");
+    ASSERT_TRUE(disk.setModificationDate(undated, local(2021, 3, 1)).has_value());
+    reader.images[neighbour] = {local(2019, 3, 1), "EXIF DateTimeOriginal"};
+    EXPECT_EQ(kindOf(decide(undated, disk, &reader)), "Sibling-derived Y");
 }
 
 TEST(RelativeFolder, IsWhatStandsBetweenTheSourceAndTheName) {

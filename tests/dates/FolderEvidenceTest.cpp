@@ -12,14 +12,14 @@ using ::testing::Test;
 class FolderEvidenceCacheTest : public Test {
 protected:
     FolderEvidence evidence(std::string_view folder) {
-        return cache_.evidenceFor({folder, rules_, secretFloppyMode_, parseMonthWords_, now_});
+        return cache.evidenceFor({folder, rules, secretFloppyMode, parseMonthWords, now});
     }
 
-    FolderEvidenceCache cache_;
-    std::vector<FolderRenameRule> rules_;
-    bool secretFloppyMode_ = false;
-    bool parseMonthWords_ = true;
-    Instant now_ = local(2026, 5, 28);
+    FolderEvidenceCache cache;
+    std::vector<FolderRenameRule> rules;
+    bool secretFloppyMode = false;
+    bool parseMonthWords = true;
+    Instant now = local(2026, 5, 28);
 };
 
 TEST_F(FolderEvidenceCacheTest, TellsBothWhatAFolderMeansAndItsDate) {
@@ -39,32 +39,32 @@ TEST_F(FolderEvidenceCacheTest, AnotherFolderIsAskedAnew) {
 
 TEST_F(FolderEvidenceCacheTest, AChangeOfTheRulesTakesEffect) {
     EXPECT_EQ(evidence("Rome").meaningful.first, "Rome");
-    rules_.emplace_back();
-    rules_.back().matchText = "rome";
-    rules_.back().replacement = "Italy";
+    rules.emplace_back();
+    rules.back().matchText = "rome";
+    rules.back().replacement = "Italy";
     EXPECT_EQ(evidence("Rome").meaningful.first, "Italy");
-    rules_.back().replacement = "Lazio";
+    rules.back().replacement = "Lazio";
     EXPECT_EQ(evidence("Rome").meaningful.first, "Lazio");
-    rules_.back().isEnabled = false;
+    rules.back().isEnabled = false;
     EXPECT_EQ(evidence("Rome").meaningful.first, "Rome");
 }
 
 TEST_F(FolderEvidenceCacheTest, AChangeOfTheFloppyModeTakesEffect) {
     EXPECT_EQ(evidence("Floppy Dorno").meaningful.first, "Floppy Dorno");
-    secretFloppyMode_ = true;
+    secretFloppyMode = true;
     EXPECT_EQ(evidence("Floppy Dorno").meaningful.first, "Floppy");
 }
 
 TEST_F(FolderEvidenceCacheTest, AChangeOfTheMonthWordsTakesEffect) {
     EXPECT_EQ(evidence("Aug 2019").yearMonth, (FolderYearMonth{2019, 8}));
-    parseMonthWords_ = false;
+    parseMonthWords = false;
     EXPECT_EQ(evidence("Aug 2019").yearMonth, (FolderYearMonth{2019, std::nullopt}));
 }
 
 TEST_F(FolderEvidenceCacheTest, ANewYearTakesEffect) {
-    now_ = local(2026, 12, 31, 23, 59, 59);
+    now = local(2026, 12, 31, 23, 59, 59);
     EXPECT_EQ(evidence("Trip 27").yearMonth, (FolderYearMonth{1927, std::nullopt}));
-    now_ = local(2027, 1, 1);
+    now = local(2027, 1, 1);
     EXPECT_EQ(evidence("Trip 27").yearMonth, (FolderYearMonth{2027, std::nullopt}));
 }
 
