@@ -378,6 +378,26 @@ TEST_F(RunPipelineTest, OddNamesComeThroughEveryFileThatARunLeaves) {
     }
 }
 
+TEST_F(RunPipelineTest, AFileFourThousandBytesDeepComesThrough) {
+    constexpr std::size_t kDepth = 4'000;
+    const std::string name = "20230814_143021.jpg";
+    std::string relative = "deep";
+    while (source.size() + relative.size() + name.size() + 8 < kDepth)
+        relative += "/below";
+    const auto path = photo(relative + "/" + name, "deep photo");
+    ASSERT_GT(path.size(), kDepth - 10);
+    run(dryOptions());
+    EXPECT_NE(testing::contentOf(dest + "/_preview_plan.csv").find("\n" + path + ","), std::string::npos);
+    run(copyOptions());
+    const auto manifest = loadNewestManifest(disk, dest);
+    ASSERT_TRUE(manifest);
+    ASSERT_EQ(manifest->entries.size(), 1);
+    EXPECT_EQ(manifest->entries[0].source, path);
+    EXPECT_EQ(testing::contentOf(manifest->entries[0].destination), "deep photo");
+    run(moveOptions());
+    EXPECT_FALSE(testing::exists(path));
+}
+
 TEST_F(RunPipelineTest, ANameTooLongForItsPartialFileFailsAloneAndLosesNothing) {
     const auto longName = "20230814_143021" + std::string(236, 'n') + ".jpg";  // 255 bytes
     const auto path = photo(longName, "long");
