@@ -12,7 +12,7 @@ namespace vellomar::bench {
 namespace fs = std::filesystem;
 
 WorkFolder::WorkFolder(bool isKept) : isKept_(isKept) {
-    std::string pattern = (fs::temp_directory_path() / "vellomar-bench-XXXXXX").string();
+    std::string pattern = (fs::temp_directory_path() / ("vellomar-bench-" + std::string(6, 'X'))).string();
     if (mkdtemp(pattern.data()) == nullptr) throw std::system_error(errno, std::generic_category(), pattern);
     path_ = pattern;
     if (isKept_) fmt::print(stderr, "  kept: {}\n", path_);
