@@ -5,8 +5,8 @@
 #include <sys/stat.h>
 
 #include "engine/RunFixture.h"
+#include "support/ScopedOrdinaryUser.h"
 #include "support/ScopedTimeZone.h"
-#include "support/Unprivileged.h"
 
 namespace vellomar {
 namespace {
@@ -27,14 +27,13 @@ protected:
 
     // The log of a run by a user who is not root, one line after the other.
     [[nodiscard]] std::string logOfRun(const Options& options) const {
-        return testing::resultAsUnprivileged([&] {
-            testing::EngineHarness unprivileged;
-            unprivileged.run({source}, dest, options);
-            std::string text;
-            for (const auto& line : unprivileged.observer.allLogLines)
-                text += line + "\n";
-            return text;
-        });
+        const testing::ScopedOrdinaryUser user(folder.path());
+        testing::EngineHarness unprivileged;
+        unprivileged.run({source}, dest, options);
+        std::string text;
+        for (const auto& line : unprivileged.observer.allLogLines)
+            text += line + "\n";
+        return text;
     }
 
     testing::ScopedTimeZone zone{"UTC"};
