@@ -1,15 +1,12 @@
 #pragma once
 
 #include <string>
-#include <unordered_map>
 
+#include "dates/ExifMaps.h"
 #include "dates/MetadataReader.h"
 #include "engine/model/Options.h"
 
 namespace vellomar {
-
-// What ExifTool told of each file's camera, by absolute path.
-using ExifCameras = std::unordered_map<std::string, std::string>;
 
 // The camera that a file was made with, for people to read: what ExifTool told, else what `reader` finds in the file.
 // On network storage the file is not opened, but what ExifTool told still counts. kUnknownCamera when nobody knows or

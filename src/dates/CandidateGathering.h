@@ -2,10 +2,10 @@
 
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "dates/DateCandidate.h"
+#include "dates/ExifMaps.h"
 #include "dates/FolderDates.h"
 #include "dates/MetadataReader.h"
 #include "engine/model/FileKind.h"
@@ -13,9 +13,6 @@
 #include "platform/FileSystem.h"
 
 namespace vellomar {
-
-// The dates that ExifTool told, by absolute path.
-using ExifDates = std::unordered_map<std::string, DateCandidate>;
 
 // Where candidates come from. All must outlive the call.
 struct CandidateSources {

@@ -101,7 +101,7 @@ public:
 };
 
 // What a file of this process's user may be used for.
-enum class Access { read, write };
+enum class Access { read, write, execute };
 
 // Who may use a new file.
 enum class NewFileAccess {
@@ -148,6 +148,10 @@ public:
 
     // Returns when the folder's entries (names added, changed, removed) are on the disk.
     [[nodiscard]] virtual Expected<void> syncDirectory(const std::string& path) = 0;
+
+    // Whether the volume that holds what stands at `path` is attached to this machine, rather than reached over a
+    // network or shared by another system. Symlinks are followed.
+    [[nodiscard]] virtual Expected<bool> volumeIsLocal(const std::string& path) = 0;
 
     // The creation date cannot be set on Linux, which is why there is no such operation.
     [[nodiscard]] virtual Expected<void> setModificationDate(const std::string& path, Instant date) = 0;

@@ -13,6 +13,7 @@
 #include "platform/FileStatusFromKernel.h"
 #include "platform/LinuxDirectory.h"
 #include "platform/LinuxFiles.h"
+#include "platform/VolumeLocality.h"
 
 namespace vellomar {
 namespace {
@@ -30,6 +31,15 @@ Expected<FileDescriptor> openDescriptor(const std::string& path, int flags, mode
 
 int noFollowUnless(bool followSymlink) {
     return followSymlink ? 0 : O_NOFOLLOW;
+}
+
+int modeOf(Access access) {
+    switch (access) {
+        case Access::read: return R_OK;
+        case Access::write: return W_OK;
+        case Access::execute: return X_OK;
+    }
+    return F_OK;
 }
 
 // Whether the failed call asked for something that this file system has never heard of.
@@ -59,8 +69,7 @@ Expected<FileStatus> LinuxFileSystem::statusFollowingLinks(const std::string& pa
 }
 
 Expected<void> LinuxFileSystem::checkAccess(const std::string& path, Access access) {
-    const int mode = access == Access::read ? R_OK : W_OK;
-    return successOrFailure(::faccessat(AT_FDCWD, path.c_str(), mode, AT_EACCESS));
+    return successOrFailure(::faccessat(AT_FDCWD, path.c_str(), modeOf(access), AT_EACCESS));
 }
 
 Expected<std::unique_ptr<InputFile>> LinuxFileSystem::openForReading(const std::string& path, bool followSymlink) {
@@ -108,6 +117,10 @@ Expected<void> LinuxFileSystem::syncDirectory(const std::string& path) {
     // Some shares cannot sync a folder and say EINVAL: their entries are as durable as they ever get.
     if (isUnsupported(errno)) return {};
     return systemFailure(errno);
+}
+
+Expected<bool> LinuxFileSystem::volumeIsLocal(const std::string& path) {
+    return readVolumeLocality(path);
 }
 
 Expected<void> LinuxFileSystem::setModificationDate(const std::string& path, Instant date) {

@@ -25,6 +25,7 @@ public:
     [[nodiscard]] Expected<void> removeFile(const std::string& path) override;
     [[nodiscard]] Expected<void> makeDirectory(const std::string& path) override;
     [[nodiscard]] Expected<void> syncDirectory(const std::string& path) override;
+    [[nodiscard]] Expected<bool> volumeIsLocal(const std::string& path) override;
     [[nodiscard]] Expected<void> setModificationDate(const std::string& path, Instant date) override;
 };
 

@@ -91,6 +91,10 @@ std::size_t utf8CharacterLength(std::string_view text) {
     return character < 0 ? 0 : static_cast<std::size_t>(length);
 }
 
+bool isUtf8(std::string_view text) {
+    return wellFormedPrefix(text).size() == text.size();
+}
+
 std::size_t characterCount(std::string_view text) {
     std::size_t count = 0;
     for (; !text.empty(); ++count)

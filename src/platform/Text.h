@@ -11,6 +11,9 @@ namespace vellomar {
 // and overlong forms are not well formed. `text` must not be empty.
 [[nodiscard]] std::size_t utf8CharacterLength(std::string_view text);
 
+// Whether the whole of `text` is well-formed UTF-8; an empty one is.
+[[nodiscard]] bool isUtf8(std::string_view text);
+
 // How many characters `text` has; a byte that is not UTF-8 counts as one.
 [[nodiscard]] std::size_t characterCount(std::string_view text);
 

@@ -53,6 +53,7 @@ public:
     Expected<void> removeFile(const std::string&) override { return uncalledFor(); }
     Expected<void> makeDirectory(const std::string&) override { return uncalledFor(); }
     Expected<void> syncDirectory(const std::string&) override { return uncalledFor(); }
+    Expected<bool> volumeIsLocal(const std::string&) override { return uncalledFor(); }
     Expected<void> setModificationDate(const std::string&, Instant) override { return uncalledFor(); }
 
 private:

@@ -256,7 +256,11 @@ TEST_F(LinuxFileSystemTest, TellsWhatTheUserMayDo) {
     fs::permissions(open, fs::perms{0666});
     fs::permissions(readOnly, fs::perms{0444});
     fs::permissions(closed, fs::perms::none);
+    const auto program = folder.write("program");
+    fs::permissions(program, fs::perms{0755});
     const ScopedOrdinaryUser user(folder.path());
+    EXPECT_EQ(errorOf(fileSystem.checkAccess(program, Access::execute)), 0);
+    EXPECT_EQ(errorOf(fileSystem.checkAccess(open, Access::execute)), EACCES);
     EXPECT_EQ(errorOf(fileSystem.checkAccess(open, Access::read)), 0);
     EXPECT_EQ(errorOf(fileSystem.checkAccess(open, Access::write)), 0);
     EXPECT_EQ(errorOf(fileSystem.checkAccess(readOnly, Access::read)), 0);

@@ -29,6 +29,15 @@ private:
 constexpr std::string_view kComposedCafe = "caf\xC3\xA9";     // é as one character
 constexpr std::string_view kDecomposedCafe = "cafe\xCC\x81";  // e and a combining acute
 
+TEST(Text, KnowsUtf8) {
+    for (std::string_view text : {"", "abc", "Été", "📷", "\xEF\xBB\xBF<", "\xF4\x8F\xBF\xBF"})
+        EXPECT_TRUE(isUtf8(text)) << text;
+    EXPECT_TRUE(isUtf8(std::string_view("a\0b", 3)));
+    for (std::string_view text :
+         {"\xFF", "abc\xC3", "\x80 abc", "a\xE9z", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80"})
+        EXPECT_FALSE(isUtf8(text)) << text;
+}
+
 TEST(Text, MeasuresTheFirstCharacter) {
     struct Case {
         std::string_view text;

@@ -180,6 +180,11 @@ Expected<void> FaultyFileSystem::syncDirectory(const std::string& path) {
     return real_.syncDirectory(path);
 }
 
+Expected<bool> FaultyFileSystem::volumeIsLocal(const std::string& path) {
+    if (plan_->strikes()) return systemFailure(plan_->errnoValue);
+    return real_.volumeIsLocal(path);
+}
+
 Expected<void> FaultyFileSystem::setModificationDate(const std::string& path, Instant date) {
     if (plan_->strikes()) return systemFailure(plan_->errnoValue);
     return real_.setModificationDate(path, date);

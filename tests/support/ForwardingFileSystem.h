@@ -38,6 +38,7 @@ public:
     [[nodiscard]] Expected<void> removeFile(const std::string& path) override { return real_.removeFile(path); }
     [[nodiscard]] Expected<void> makeDirectory(const std::string& path) override { return real_.makeDirectory(path); }
     [[nodiscard]] Expected<void> syncDirectory(const std::string& path) override { return real_.syncDirectory(path); }
+    [[nodiscard]] Expected<bool> volumeIsLocal(const std::string& path) override { return real_.volumeIsLocal(path); }
     [[nodiscard]] Expected<void> setModificationDate(const std::string& path, Instant date) override {
         return real_.setModificationDate(path, date);
     }
