@@ -36,6 +36,11 @@ function unitOf(file) {
     return file
 }
 
+# What looks into files runs in a process of its own: nobody else may call it.
+function isDecodersOwn(file) {
+    return file ~ /^platform\/decoder\/worker\//
+}
+
 function mayInclude(from, to) {
     return from == to || height[to] < height[from] || ((from, to) in mayKnowItsSibling)
 }
@@ -45,6 +50,7 @@ function checkInclude(place, file, included,    from, to) {
     to = layerOf(included)
     if (!(included in exists)) complain(place ": there is no src/" included)
     else if (!mayInclude(from, to)) complain(place ": " from " must not know " to)
+    else if (isDecodersOwn(included) && !isDecodersOwn(file)) complain(place ": only the decoder's process looks into files")
     if (unitOf(file) != unitOf(included)) edges[unitOf(file)] = edges[unitOf(file)] " " unitOf(included)
 }
 

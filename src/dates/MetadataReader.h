@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -31,6 +32,15 @@ public:
 
     // Make and model in one text.
     [[nodiscard]] virtual std::optional<std::string> readImageCamera(const std::string& path) = 0;
+};
+
+// Where a run gets its reader.
+class MetadataReaders {
+public:
+    virtual ~MetadataReaders() = default;
+
+    // A reader for one run, to be used and destroyed on its thread; null where no file is to be opened for its dates.
+    [[nodiscard]] virtual std::unique_ptr<MetadataReader> open() = 0;
 };
 
 }  // namespace vellomar
