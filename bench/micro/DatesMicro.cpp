@@ -41,13 +41,14 @@ void decide(benchmark::State& state, const std::string& path) {
     const SystemClock clock;
     const testing::FixedUserDefaults userDefaults;
     FolderEvidenceCache folderEvidence;
+    SiblingYears siblingYears;
     const std::string source = "/media/card";
     const std::string dest = "/home/user/Photos";
     const Options options{.storageIsNetwork = true};
     const ExifDates noDates;
     const ExifCameras noCameras;
     const std::vector<FolderRenameRule> noRules;
-    const DecisionContext context{fileSystem, clock, userDefaults, nullptr, folderEvidence};
+    const DecisionContext context{fileSystem, clock, userDefaults, nullptr, folderEvidence, siblingYears};
     const DecisionRequest request{path, source, dest, options, noDates, noCameras, noRules};
     for (auto _ : state)
         benchmark::DoNotOptimize(decideFile(context, request));

@@ -13,9 +13,7 @@ void logLine(benchmark::State& state) {
     constexpr int kLinesBetweenDeliveries = 200;
     testing::EngineHarness harness;
     // Without the harness's own observer, which remembers every line.
-    harness.engine = std::make_unique<OrganizerEngine>(EngineServices{harness.mainActor, harness.realFileSystem,
-                                                                      harness.systemClock, harness.notifications,
-                                                                      harness.sleepInhibitor, harness.userDefaults});
+    harness.engine = std::make_unique<OrganizerEngine>(harness.servicesFor({}));
     const std::string line = "[DRY] Copy: /media/card/IMG_4821.JPG -> /home/user/Photos/2023/08 - August/IMG_4821.jpg";
     int lines = 0;
     for (auto _ : state) {

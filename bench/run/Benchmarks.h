@@ -23,6 +23,11 @@ namespace vellomar::bench {
 // What it gains that files without a twin in size are not read in the search for duplicates.
 [[nodiscard]] std::vector<Result> benchmarkDuplicates(const Arguments& arguments);
 
+// ExifTool's batches over photos against ExifTool started bare; and reading the same photos by the decoder against a
+// bare loop over the library, and against the same reading within one process.
+[[nodiscard]] std::vector<Result> benchmarkMetadata(const Arguments& arguments);
+[[nodiscard]] std::vector<Result> benchmarkReading(const Arguments& arguments);
+
 // `count` files of a corpus at full size, at the size that `arguments` ask for; not less than `least`.
 [[nodiscard]] std::size_t scaled(const Arguments& arguments, std::size_t count, std::size_t least);
 

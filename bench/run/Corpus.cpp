@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <random>
 #include <stdexcept>
 #include <string_view>
@@ -92,6 +94,37 @@ private:
     std::string buffer_;
 };
 
+void runShell(const std::string& command) {
+    if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);
+}
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// The content of a photo with some thirty tags, an embedded preview among them, as cameras write them.
+std::string taggedPhoto(const std::string& folder) {
+    const auto path = folder + "/seed.jpg";
+    const auto preview = folder + "/preview.jpg";
+    runShell(fmt::format("convert -size 160x120 plasma:red-blue '{}'", preview));
+    runShell(fmt::format("convert -size 640x480 plasma:red-blue '{}'", path));
+    runShell(fmt::format(
+        "exiftool -q -overwrite_original -Make=Canon '-Model=Canon EOS R5' '-DateTimeOriginal=2023:08:14 14:30:21' "
+        "'-CreateDate=2023:08:14 14:30:21' '-ModifyDate=2023:08:14 14:30:21' -Orientation#=1 -XResolution=72 "
+        "-YResolution=72 -ResolutionUnit#=2 -Artist=Nobody -Copyright=Nobody -ExposureTime=1/250 -FNumber=4 "
+        "-ExposureProgram#=2 -ISO=400 -SubSecTimeOriginal=12 -OffsetTimeOriginal=+02:00 -ShutterSpeedValue=1/250 "
+        "-ApertureValue=4 -ExposureCompensation=0 -MeteringMode#=5 -Flash#=16 -FocalLength=50 -ColorSpace#=1 "
+        "-ExifImageWidth=640 -ExifImageHeight=480 -WhiteBalance#=0 -SerialNumber=0123456789 "
+        "'-LensModel=RF50mm F1.2 L USM' -GPSLatitude=41.9 -GPSLatitudeRef=N -GPSLongitude=12.5 -GPSLongitudeRef=E "
+        "-XMP-xmp:Rating=3 '-ThumbnailImage<={}' '{}'",
+        preview, path));
+    auto content = contentOf(path);
+    fs::remove(path);
+    fs::remove(preview);
+    return content;
+}
+
 }  // namespace
 
 void makeLibrary(const std::string& folder, std::size_t fileCount) {
@@ -128,6 +161,18 @@ void makePhotosWithDuplicates(const std::string& folder, std::size_t fileCount) 
         if (!isCopy) last = noise.ofSize(kSmallest + number * step);
         write(fmt::format("{}/{}", parent, photoName(number)), last);
     }
+}
+
+std::vector<std::string> makeTaggedPhotos(const std::string& folder, std::size_t fileCount) {
+    const auto photo = taggedPhoto(folder);
+    std::vector<std::string> paths;
+    std::string parent;
+    for (std::size_t number = 0; number < fileCount; ++number) {
+        if (number % kFilesInAFolder == 0) parent = makeFolder(folder, folderName(number / kFilesInAFolder));
+        paths.push_back(fmt::format("{}/{}", parent, photoName(number)));
+        write(paths.back(), photo);
+    }
+    return paths;
 }
 
 void makeFile(const std::string& path, std::uint64_t size) {

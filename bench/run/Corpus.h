@@ -17,6 +17,10 @@ std::vector<std::string> makePhotos(const std::string& folder, std::size_t fileC
 // `fileCount` dated photos of 1 to 3 MB. One in twenty is a copy of another; all others differ in size.
 void makePhotosWithDuplicates(const std::string& folder, std::size_t fileCount);
 
+// `fileCount` photos with the metadata that a camera writes, and little picture behind it, 100 to a folder. Returns
+// their paths. Needs ImageMagick and ExifTool.
+std::vector<std::string> makeTaggedPhotos(const std::string& folder, std::size_t fileCount);
+
 // One file that nothing could compress.
 void makeFile(const std::string& path, std::uint64_t size);
 

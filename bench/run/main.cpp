@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* kUsage = R"(Usage: vellomar_bench [OPTION...]
 
-  --only NAME    scan, plan, copy, copy-small, digest or duplicates; may be given several times
+  --only NAME    scan, plan, copy, copy-small, digest, duplicates, metadata or reading; may be given several times
   --files N      size of the large library instead of 300,000; all corpora are scaled alike, for a quick look
   --rounds N     rounds of each comparison, 5 by default; medians count
   --json         the results as JSON
@@ -37,6 +37,7 @@ const std::vector<std::pair<std::string, Benchmark>>& benchmarks() {
         {"scan", &benchmarkScan},         {"plan", &benchmarkPlan},
         {"copy", &benchmarkCopyOfPhotos}, {"copy-small", &benchmarkCopyOfSmallFiles},
         {"digest", &benchmarkDigest},     {"duplicates", &benchmarkDuplicates},
+        {"metadata", &benchmarkMetadata}, {"reading", &benchmarkReading},
     };
     return all;
 }

@@ -12,6 +12,7 @@
 #include "measure/Measurement.h"
 #include "platform/FileDigest.h"
 #include "support/EngineHarness.h"
+#include "task/MetadataJobs.h"
 
 namespace vellomar::bench {
 namespace {
@@ -68,9 +69,7 @@ void scan(const std::string& source, const Options& options) {
 void run(const std::string& source, const std::string& dest, const Options& options) {
     EngineHarness harness;
     // The harness's own observer remembers all that it sees, which is no memory of the engine's.
-    harness.engine = std::make_unique<OrganizerEngine>(EngineServices{harness.mainActor, harness.realFileSystem,
-                                                                      harness.systemClock, harness.notifications,
-                                                                      harness.sleepInhibitor, harness.userDefaults});
+    harness.engine = std::make_unique<OrganizerEngine>(harness.servicesFor({}));
     printMeasurementOf([&] {
         harness.run({source}, dest, options);
         const auto& state = harness.state();
@@ -128,6 +127,9 @@ const std::map<std::string_view, Job>& jobs() {
         {"copy", runWith(verifiedCopy())},
         {"digest", [](const std::string& source, const std::string& /*dest*/) { digest(source); }},
         {"digest-all", [](const std::string& source, const std::string& /*dest*/) { digestAll(source); }},
+        {"exiftool", [](const std::string& list, const std::string& /*dest*/) { askExifTool(list); }},
+        {"read", [](const std::string& list, const std::string& /*dest*/) { readByDecoder(list); }},
+        {"read-here", [](const std::string& list, const std::string& /*dest*/) { readHere(list); }},
     };
     return all;
 }

@@ -22,6 +22,12 @@ using Job = std::function<void(const std::string& source, const std::string& des
 //   copy           a real run, verified and with digests
 //   digest         sha256OfFile() of one file
 //   digest-all     sha256OfFile() of every file below a folder
+//
+// and, for a source that lists the paths of photos, one a line:
+//
+//   exiftool       batchReadExif() as a run asks for it
+//   read           date and camera of each, read by the decoder
+//   read-here      the same, read within this process
 [[nodiscard]] const std::map<std::string_view, Job>& jobs();
 
 }  // namespace vellomar::bench

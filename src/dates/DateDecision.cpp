@@ -6,7 +6,6 @@
 #include <fmt/format.h>
 
 #include "dates/CandidateRanking.h"
-#include "dates/SiblingYear.h"
 #include "engine/model/DateString.h"
 #include "engine/model/FileKind.h"
 #include "naming/BuildDestination.h"
@@ -59,7 +58,7 @@ std::optional<DateCandidate> siblingCandidate(const DecisionContext& context, co
     if (context.metadataReader == nullptr) return std::nullopt;
     const auto entries = entriesOf(context.fileSystem, std::string(parentPath(path)));
     if (!entries) return std::nullopt;
-    const auto year = siblingYear(*entries, path, *context.metadataReader);
+    const auto year = context.siblingYears.siblingYear(*entries, path, *context.metadataReader);
     if (!year) return std::nullopt;
     const auto date = middleOf({.year = *year, .month = std::nullopt});
     if (!date) return std::nullopt;
@@ -133,11 +132,13 @@ DecisionResult decideFile(const DecisionContext& context, const DecisionRequest&
     const auto now = context.clock.now();
     const auto& folder = folderEvidenceOf(context, request, now);
     const auto candidates = checkedCandidates(context, request, folder.yearMonth, now);
+    // Before the neighbours are looked at, so that the reader still has this file at hand.
+    auto camera = readCameraModel(request.exifCameras, request.path, request.options, context.metadataReader);
     const auto best = believedDate(context, request, candidates, now);
     auto result = resultOf(request, best, folder.meaningful);
     result.decisionLog = candidatesText(best, candidates);
     if (wantsDigest(request)) result.sha256 = sha256OfFile(context.fileSystem, request.path);
-    result.cameraModel = readCameraModel(request.exifCameras, request.path, request.options, context.metadataReader);
+    result.cameraModel = std::move(camera);
     return result;
 }
 

@@ -9,6 +9,7 @@
 #include "dates/CandidateGathering.h"
 #include "dates/FolderEvidence.h"
 #include "dates/MetadataReader.h"
+#include "dates/SiblingYear.h"
 #include "engine/model/DecisionResult.h"
 #include "engine/model/Options.h"
 #include "naming/FolderRenameRule.h"
@@ -25,6 +26,7 @@ struct DecisionContext {
     const UserDefaults& userDefaults;
     MetadataReader* metadataReader = nullptr;  // null: no embedded metadata is read and no neighbour lends its year
     FolderEvidenceCache& folderEvidence;       // shared by the files of a run, whatever their order
+    SiblingYears& siblingYears;                // likewise
 };
 
 // One file, and what the run knows. All must outlive the call.

@@ -21,7 +21,7 @@ bool canLendItsYear(std::string_view path) {
     return std::ranges::find(kSiblingExtensions, lowercased(pathExtension(path))) != kSiblingExtensions.end();
 }
 
-std::optional<int> yearOf(const std::string& imagePath, MetadataReader& reader) {
+std::optional<int> yearInside(const std::string& imagePath, MetadataReader& reader) {
     const auto found = reader.readImageDate(imagePath);
     if (!found) return std::nullopt;
     const int year = localCivilTime(found->date).year;
@@ -38,14 +38,27 @@ std::optional<int> commonestYear(const std::map<int, int>& imagesByYear) {
 
 }  // namespace
 
-std::optional<int> siblingYear(const std::vector<std::string>& entries, const std::string& path,
-                               MetadataReader& reader) {
+std::optional<int> SiblingYears::siblingYear(const std::vector<std::string>& entries, const std::string& path,
+                                             MetadataReader& reader) {
+    turnTo(parentPath(path));
     std::map<int, int> imagesByYear;
     for (const auto& entry : entries) {
         if (entry == path || !canLendItsYear(entry)) continue;
         if (const auto year = yearOf(entry, reader)) ++imagesByYear[*year];
     }
     return commonestYear(imagesByYear);
+}
+
+void SiblingYears::turnTo(std::string_view folder) {
+    if (folder == folder_) return;
+    folder_ = folder;
+    yearsByPath_.clear();
+}
+
+std::optional<int> SiblingYears::yearOf(const std::string& imagePath, MetadataReader& reader) {
+    const auto [known, isNew] = yearsByPath_.try_emplace(imagePath);
+    if (isNew) known->second = yearInside(imagePath, reader);
+    return known->second;
 }
 
 }  // namespace vellomar

@@ -25,6 +25,11 @@ void EnginePort::post(Work work) {
     });
 }
 
+bool EnginePort::isClosed() {
+    const std::lock_guard guard(lock_);
+    return closed_;
+}
+
 void EnginePort::close() {
     state_ = nullptr;
     const std::lock_guard guard(lock_);

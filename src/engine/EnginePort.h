@@ -35,6 +35,9 @@ public:
     // As above without waiting. From any thread. What is posted and hopped is done in the order of the calls.
     void post(Work work);
 
+    // Whether the engine has gone. From any thread.
+    [[nodiscard]] bool isClosed();
+
     // The engine goes: nobody waits for it any longer. Main actor only.
     void close();
 

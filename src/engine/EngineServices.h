@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dates/ExifTool.h"
+#include "dates/MetadataReader.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/MainActor.h"
@@ -17,6 +19,8 @@ struct EngineServices {
     NotificationService& notifications;
     SleepInhibitor& sleepInhibitor;
     const UserDefaults& userDefaults;
+    const ExifUtils::ExifTool& exifTool;
+    MetadataReaders& metadataReaders;
 };
 
 }  // namespace vellomar

@@ -44,6 +44,7 @@ FileLoop::FileLoop(const RunContext& context, RunState& state, std::vector<Folde
       state_(state),
       renameRules_(std::move(rules)),
       sizes_(filesToHash(context, state)),
+      metadataReader_(context.services.metadataReaders.open()),
       progress_(state.startTime),
       transfer_(context, state) {}
 
@@ -85,8 +86,9 @@ DecisionResult FileLoop::decide(const TaggedFile& file) {
     return decideFile({.fileSystem = services.fileSystem,
                        .clock = services.clock,
                        .userDefaults = services.userDefaults,
-                       .metadataReader = nullptr,
-                       .folderEvidence = folderEvidence_},
+                       .metadataReader = metadataReader_.get(),
+                       .folderEvidence = folderEvidence_,
+                       .siblingYears = siblingYears_},
                       {.path = file.path,
                        .sourceRoot = *file.sourceRoot,
                        .dest = context_.request.dest,

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "dates/FolderEvidence.h"
+#include "dates/MetadataReader.h"
+#include "dates/SiblingYear.h"
 #include "engine/FileTransfer.h"
 #include "engine/RunContext.h"
 #include "engine/RunProgress.h"
@@ -46,7 +49,9 @@ private:
     RunState& state_;
     const std::vector<FolderRenameRule> renameRules_;
     const SizeCensus sizes_;
+    const std::unique_ptr<MetadataReader> metadataReader_;
     FolderEvidenceCache folderEvidence_;
+    SiblingYears siblingYears_;
     RunProgress progress_;
     FileTransfer transfer_;
     std::vector<PlanRow> pendingRows_;

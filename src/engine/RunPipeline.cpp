@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "engine/FileLoop.h"
+#include "engine/MetadataStage.h"
 #include "engine/PairDetection.h"
 #include "engine/PlanFiles.h"
 #include "engine/RunSummary.h"
@@ -41,6 +42,7 @@ private:
         reportSkippedIntegrityCheck();
         findPairs();
         begin();
+        if (options().useExifToolForImages || options().useExifToolForVideo) readMetadataInBatches(context_, state_);
         processFiles();
         if (state_.wasCancelled)
             context_.appendLog("Cancelled before post-processing.");

@@ -34,7 +34,7 @@ protected:
     DateDecision() { options.computeHashForDuplicates = false; }
 
     DecisionResult decide(const std::string& path, FileSystem& disk, MetadataReader* metadata) {
-        return decideFile({disk, clock, defaults, metadata, folderEvidence},
+        return decideFile({disk, clock, defaults, metadata, folderEvidence, siblingYears},
                           {path, sourceRoot, dest, options, exifDates, exifCameras, rules, mayHaveDuplicate});
     }
     DecisionResult decide(const std::string& path) { return decide(path, fileSystem, &reader); }
@@ -49,6 +49,7 @@ protected:
     SwitchedDefaults defaults;
     testing::FakeMetadataReader reader;
     FolderEvidenceCache folderEvidence;
+    SiblingYears siblingYears;
     std::string sourceRoot = "/card";
     std::string dest = "/Lib";
     Options options;

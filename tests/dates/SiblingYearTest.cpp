@@ -23,10 +23,11 @@ public:
         entries.push_back("/scans/" + name);
     }
 
-    std::optional<int> lend() { return siblingYear(entries, kFile, reader); }
+    std::optional<int> lend(const std::string& file = kFile) { return years.siblingYear(entries, file, reader); }
 
     testing::FakeMetadataReader reader;
     std::vector<std::string> entries;
+    SiblingYears years;
 };
 
 TEST(SiblingYear, TheCommonestYearIsLent) {
@@ -91,6 +92,31 @@ TEST(SiblingYear, TheYearIsThatOfLocalTime) {
     Neighbours neighbours;
     neighbours.add("a.jpg", local(2020, 1, 1, 0, 30));
     EXPECT_EQ(neighbours.lend(), 2020);
+}
+
+TEST(SiblingYear, AFoldersImagesAreReadOnceForAllItsFiles) {
+    Neighbours neighbours;
+    neighbours.add("a.jpg", 2019);
+    neighbours.entries.emplace_back("/scans/broken.jpg");
+    for (const auto* file : {"/scans/undated.jpg", "/scans/other.bin", "/scans/third.mov"})
+        EXPECT_EQ(neighbours.lend(file), 2019) << file;
+    EXPECT_THAT(neighbours.reader.calls, ElementsAre("image /scans/a.jpg", "image /scans/broken.jpg"));
+}
+
+TEST(SiblingYear, WhoeverAsksHasNoSayThoughHisYearIsKnown) {
+    Neighbours neighbours;
+    neighbours.add("a.jpg", 2019);
+    EXPECT_EQ(neighbours.lend(), 2019);
+    EXPECT_EQ(neighbours.lend("/scans/a.jpg"), std::nullopt);
+}
+
+TEST(SiblingYear, AnotherFolderIsAskedAnew) {
+    Neighbours neighbours;
+    neighbours.add("a.jpg", 2019);
+    EXPECT_EQ(neighbours.lend(), 2019);
+    neighbours.entries = {"/card/a.jpg"};
+    neighbours.reader.images["/card/a.jpg"] = {local(2021, 3, 1), "EXIF DateTimeOriginal"};
+    EXPECT_EQ(neighbours.lend("/card/undated.jpg"), 2021);
 }
 
 TEST(SiblingYear, AnEmptyFolderLendsNothing) {

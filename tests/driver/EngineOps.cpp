@@ -38,8 +38,9 @@ Json published(const EngineHarness& harness, double seconds) {
     return result;
 }
 
-Json run(const Json& arguments) {
-    EngineHarness harness({.secretFloppyMode = flagOf(arguments, "floppyMode", false)});
+Json run(const Surroundings& surroundings, const Json& arguments) {
+    EngineHarness harness(
+        {.exifTool = &surroundings.exifTool, .secretFloppyMode = flagOf(arguments, "floppyMode", false)});
     harness.engine->setRenameRules(rulesOf(arguments));
     armCancel(harness, arguments);
     const auto start = std::chrono::steady_clock::now();
@@ -64,8 +65,8 @@ Json imported(const Json& arguments) {
 
 }  // namespace
 
-void addEngineOps(Ops& ops) {
-    ops["run"] = run;
+void addEngineOps(Ops& ops, Surroundings& surroundings) {
+    ops["run"] = [&](const Json& arguments) { return run(surroundings, arguments); };
     ops["loadManifests"] = manifests;
     ops["importManifest"] = imported;
 }

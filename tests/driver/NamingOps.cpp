@@ -1,4 +1,5 @@
 #include "dates/DateDecision.h"
+#include "dates/EmbeddedMetadataReader.h"
 #include "dates/FilenameDates.h"
 #include "dates/FolderDates.h"
 #include "dates/SiblingYear.h"
@@ -11,19 +12,11 @@
 #include "naming/RenameRules.h"
 #include "platform/LinuxFileSystem.h"
 #include "platform/Path.h"
+#include "support/DecoderProgram.h"
 #include "support/EngineHarness.h"
 
 namespace vellomar::driver {
 namespace {
-
-// The core reads no metadata from inside files yet, so neighbours bear no dates.
-class NoMetadata final : public MetadataReader {
-public:
-    [[nodiscard]] std::optional<DateCandidate> sidecarCandidate(const std::string& /*path*/) override { return {}; }
-    [[nodiscard]] std::optional<ImageEXIFResult> readImageDate(const std::string& /*path*/) override { return {}; }
-    [[nodiscard]] std::optional<DateCandidate> readVideoDate(const std::string& /*path*/) override { return {}; }
-    [[nodiscard]] std::optional<std::string> readImageCamera(const std::string& /*path*/) override { return {}; }
-};
 
 Json nameDate(const Json& arguments) {
     return jsonOf(filenameCandidate(textOf(arguments, "stem"), SystemClock().now()));
@@ -37,15 +30,19 @@ Json folderDate(const Json& arguments) {
 }
 
 Json neighboursYear(const Json& arguments) {
-    NoMetadata reader;
-    return jsonOf(siblingYear(textsOf(arguments, "entries"), textOf(arguments, "file"), reader));
+    LinuxFileSystem fileSystem;
+    EmbeddedMetadataReader reader(fileSystem, testing::decoderProgram());
+    SiblingYears years;
+    return jsonOf(years.siblingYear(textsOf(arguments, "entries"), textOf(arguments, "file"), reader));
 }
 
 Json decision(const Json& arguments) {
     LinuxFileSystem fileSystem;
     const SystemClock clock;
     const testing::FixedUserDefaults userDefaults(flagOf(arguments, "floppyMode", false));
+    EmbeddedMetadataReader reader(fileSystem, testing::decoderProgram());
     FolderEvidenceCache folderEvidence;
+    SiblingYears siblingYears;
     const auto path = textOf(arguments, "path");
     const auto sourceRoot = withoutTrailingSlashes(textOf(arguments, "sourceRoot"));
     const auto dest = withoutTrailingSlashes(textOf(arguments, "dest"));
@@ -56,8 +53,9 @@ Json decision(const Json& arguments) {
     return jsonOf(decideFile({.fileSystem = fileSystem,
                               .clock = clock,
                               .userDefaults = userDefaults,
-                              .metadataReader = nullptr,
-                              .folderEvidence = folderEvidence},
+                              .metadataReader = &reader,
+                              .folderEvidence = folderEvidence,
+                              .siblingYears = siblingYears},
                              {.path = path,
                               .sourceRoot = sourceRoot,
                               .dest = dest,

@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 
+#include "driver/Surroundings.h"
 #include "platform/BytesJson.h"
 
 namespace vellomar::driver {
@@ -16,6 +17,9 @@ using Ops = std::map<std::string, Op, std::less<>>;
 
 void addFileOps(Ops& ops);    // on single files and texts
 void addNamingOps(Ops& ops);  // dates, decisions and destinations
-void addEngineOps(Ops& ops);  // whole runs and their manifests
+
+// What files, sidecars and ExifTool tell; whole runs and their manifests. The surroundings must outlive the operations.
+void addMetadataOps(Ops& ops, Surroundings& surroundings);
+void addEngineOps(Ops& ops, Surroundings& surroundings);
 
 }  // namespace vellomar::driver

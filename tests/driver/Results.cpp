@@ -64,6 +64,12 @@ Json jsonOf(const DateCandidate& candidate) {
             {"score", candidate.score}};
 }
 
+Json jsonOf(const ImageEXIFResult& result) {
+    return {{"epoch", jsonOf(result.date)},
+            {"text", dateString(result.date, "yyyy-MM-dd HH:mm:ss")},
+            {"reason", result.reason}};
+}
+
 Json jsonOf(const DecisionResult& decision) {
     return {{"finalDest", decision.finalDest},       {"resolvedDateStr", decision.resolvedDateStr},
             {"decision", decision.decision},         {"dateUsed", jsonOf(decision.dateUsed)},

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "dates/DateCandidate.h"
+#include "dates/MetadataReader.h"
 #include "engine/PublishedState.h"
 #include "engine/model/DecisionResult.h"
 #include "platform/BytesJson.h"
@@ -16,6 +17,7 @@ namespace vellomar::driver {
 // A whole number of seconds where the instant is one.
 [[nodiscard]] Json jsonOf(Instant instant);
 [[nodiscard]] Json jsonOf(const DateCandidate& candidate);
+[[nodiscard]] Json jsonOf(const ImageEXIFResult& result);
 [[nodiscard]] Json jsonOf(const DecisionResult& decision);
 [[nodiscard]] Json jsonOf(const UndoManifest& manifest);
 [[nodiscard]] Json jsonOf(const PublishedState& state);

@@ -29,10 +29,12 @@ Json answer(const Ops& ops, std::string_view line) {
 }
 
 void answerAll(std::istream& requests, std::ostream& answers) {
+    Surroundings surroundings;
     Ops ops;
     addFileOps(ops);
     addNamingOps(ops);
-    addEngineOps(ops);
+    addMetadataOps(ops, surroundings);
+    addEngineOps(ops, surroundings);
     for (std::string line; std::getline(requests, line);)
         if (!line.empty()) answers << jsonText(answer(ops, line)) << std::endl;
 }

@@ -64,7 +64,9 @@ public:
     // Runs with the given call failing; none for kNoFault. Returns the number of calls made.
     std::size_t run(std::size_t call, FaultyFileSystem::Fault fault, int errnoValue) {
         FaultyFileSystem faulty(disk_, call, fault, errnoValue);
-        EngineHarness harness({.fileSystem = &faulty});
+        // A decoder that loads none of the real one's libraries: there are thousands of runs.
+        EmbeddedMetadataReaders readers(faulty, UNRULY_DECODER);
+        EngineHarness harness({.fileSystem = &faulty, .metadataReaders = &readers});
         harness.run({folder_ / "source"}, folder_ / "dest", options_);
         log_ = harness.observer.allLogLines;
         return faulty.calls();

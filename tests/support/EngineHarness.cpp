@@ -53,11 +53,16 @@ void RecordingObserver::lineLogged(std::string_view line) {
 }
 
 EngineHarness::EngineHarness(const Setup& setup) : userDefaults(setup.secretFloppyMode) {
-    auto& fileSystem = setup.fileSystem != nullptr ? *setup.fileSystem : realFileSystem;
-    const Clock& clock = setup.clock != nullptr ? *setup.clock : systemClock;
-    engine = std::make_unique<OrganizerEngine>(
-        EngineServices{mainActor, fileSystem, clock, notifications, sleepInhibitor, userDefaults}, &observer);
+    engine = std::make_unique<OrganizerEngine>(servicesFor(setup), &observer);
     observer.state = &engine->state();
+}
+
+EngineServices EngineHarness::servicesFor(const Setup& setup) {
+    FileSystem& fileSystem = setup.fileSystem != nullptr ? *setup.fileSystem : realFileSystem;
+    const Clock& clock = setup.clock != nullptr ? *setup.clock : systemClock;
+    const auto& exifTool = setup.exifTool != nullptr ? *setup.exifTool : systemExifTool;
+    MetadataReaders& readers = setup.metadataReaders != nullptr ? *setup.metadataReaders : realMetadataReaders;
+    return {mainActor, fileSystem, clock, notifications, sleepInhibitor, userDefaults, exifTool, readers};
 }
 
 void EngineHarness::run(const std::vector<std::string>& sources, const std::string& dest, const Options& options) {

@@ -9,8 +9,11 @@
 #include <string_view>
 #include <vector>
 
+#include "dates/EmbeddedMetadataReader.h"
+#include "dates/ExifTool.h"
 #include "engine/OrganizerEngine.h"
 #include "platform/LinuxFileSystem.h"
+#include "support/DecoderProgram.h"
 #include "support/QueueMainActor.h"
 
 namespace vellomar::testing {
@@ -52,6 +55,12 @@ private:
     bool secretFloppyMode_;
 };
 
+// For runs that leave files unopened.
+class NoMetadataReaders final : public MetadataReaders {
+public:
+    [[nodiscard]] std::unique_ptr<MetadataReader> open() override { return nullptr; }
+};
+
 // Remembers all that an engine published.
 class RecordingObserver final : public EngineObserver {
 public:
@@ -71,13 +80,18 @@ public:
 class EngineHarness {
 public:
     struct Setup {
-        FileSystem* fileSystem = nullptr;  // the real one by default
-        const Clock* clock = nullptr;      // the system's by default
+        FileSystem* fileSystem = nullptr;               // the real one by default
+        const Clock* clock = nullptr;                   // the system's by default
+        const ExifUtils::ExifTool* exifTool = nullptr;  // the system's by default
+        MetadataReaders* metadataReaders = nullptr;     // real ones by default
         bool secretFloppyMode = false;
     };
 
     EngineHarness() : EngineHarness(Setup{}) {}
     explicit EngineHarness(const Setup& setup);
+
+    // The surroundings that its engine has.
+    [[nodiscard]] EngineServices servicesFor(const Setup& setup);
 
     // A whole run; returns when it has ended and all that it posted was delivered.
     void run(const std::vector<std::string>& sources, const std::string& dest, const Options& options);
@@ -93,6 +107,8 @@ public:
 
     LinuxFileSystem realFileSystem;
     SystemClock systemClock;
+    ExifUtils::ExifTool systemExifTool{realFileSystem, {}};
+    EmbeddedMetadataReaders realMetadataReaders{realFileSystem, decoderProgram()};
     QueueMainActor mainActor;
     RecordingNotifications notifications;
     CountingSleepInhibitor sleepInhibitor;

@@ -1,0 +1,71 @@
+#include <fstream>
+#include <stdexcept>
+
+#include <fmt/format.h>
+
+#include "run/Benchmarks.h"
+#include "run/Comparison.h"
+#include "run/Corpus.h"
+#include "run/WorkFolder.h"
+
+namespace vellomar::bench {
+namespace {
+
+// Every path on a line of its own.
+void writeList(const std::string& path, const std::vector<std::string>& paths) {
+    std::ofstream list(path);
+    for (const auto& line : paths)
+        list << line << '\n';
+    list.close();
+    if (!list) throw std::runtime_error("cannot write " + path);
+}
+
+Result comparedWithFloor(std::string name, const std::vector<double>& ratios, double atMost, std::string detail) {
+    return {.name = std::move(name),
+            .rounds = ratios,
+            .unit = "x",
+            .goal = {Direction::atMost, atMost},
+            .detail = std::move(detail)};
+}
+
+// What a request to the decoder costs beyond the reading itself, in microseconds a file.
+Result requestCost(const Rounds& rounds) {
+    std::vector<double> microseconds;
+    for (std::size_t i = 0; i < rounds.floor.size(); ++i)
+        microseconds.push_back((rounds.engine[i].seconds - rounds.floor[i].seconds) * 1e6 /
+                               static_cast<double>(rounds.engine[i].files));
+    return {.name = "decoder-request",
+            .rounds = microseconds,
+            .unit = "us/file",
+            .goal = {Direction::atMost, 60},
+            .detail = timesText(rounds)};
+}
+
+}  // namespace
+
+std::vector<Result> benchmarkMetadata(const Arguments& arguments) {
+    const WorkFolder work(arguments.keepsFolders);
+    const auto list = work / "list";
+    writeList(list, makeTaggedPhotos(work.path(), scaled(arguments, 1'000, 200)));
+    const auto bareExifTool = [&] { return runProgram("floor_exiftool", {list}); };
+    const auto batches = [&] { return runProgram("engine_task", {"exiftool", list}); };
+    static_cast<void>(bareExifTool());  // warms the page cache
+    const auto rounds = compare(arguments.rounds, bareExifTool, batches);
+    return {comparedWithFloor("metadata-exiftool", timeRatios(rounds), 1.05, timesText(rounds))};
+}
+
+std::vector<Result> benchmarkReading(const Arguments& arguments) {
+    const WorkFolder work(arguments.keepsFolders);
+    const auto list = work / "list";
+    writeList(list, makeTaggedPhotos(work.path(), scaled(arguments, 5'000, 500)));
+    const auto bareExif = [&] { return runProgram("floor_exif", {list}); };
+    const auto inProcess = [&] { return runProgram("engine_task", {"read-here", list}); };
+    const auto byDecoder = [&] { return runProgram("engine_task", {"read", list}); };
+    static_cast<void>(bareExif());  // warms the page cache
+    const auto againstLibrary = compare(arguments.rounds, bareExif, byDecoder);
+    const auto againstItself = compare(arguments.rounds, inProcess, byDecoder);
+    return {comparedWithFloor("metadata-reading", timeRatios(againstLibrary), 1.5, timesText(againstLibrary)),
+            requestCost(againstItself)};
+}
+
+}  // namespace vellomar::bench
