@@ -1,21 +1,10 @@
-// The engine driver as a script sees it: a child with two pipes.
-#include <array>
-#include <cstdio>
 #include <filesystem>
-#include <stdexcept>
 #include <string>
-#include <string_view>
 
-#include <fcntl.h>
 #include <fmt/format.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include "platform/BytesJson.h"
-#include "support/TemporaryFolder.h"
+#include "driver/DriverProcess.h"
 
 namespace vellomar {
 namespace {
@@ -23,110 +12,11 @@ namespace {
 namespace fs = std::filesystem;
 using ::testing::Contains;
 using testing::contentOf;
+using testing::Driver;
 using ::testing::ElementsAre;
+using testing::EngineDriver;
 using testing::exists;
 using ::testing::HasSubstr;
-using testing::TemporaryFolder;
-
-std::array<int, 2> newPipe() {
-    std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
-    return ends;
-}
-
-class Driver {
-public:
-    Driver() {
-        const auto requests = newPipe();
-        const auto answers = newPipe();
-        start(requests[0], answers[1]);
-        close(requests[0]);
-        close(answers[1]);
-        requests_ = requests[1];
-        answers_ = fdopen(answers[0], "r");
-    }
-    ~Driver() {
-        if (requests_ >= 0) finish();
-        fclose(answers_);
-    }
-    Driver(const Driver&) = delete;
-    Driver& operator=(const Driver&) = delete;
-
-    void send(std::string_view text) {
-        while (!text.empty()) {
-            const auto count = write(requests_, text.data(), text.size());
-            ASSERT_GT(count, 0);
-            text.remove_prefix(static_cast<std::size_t>(count));
-        }
-    }
-
-    // The next line of the answers without its end; empty at their end.
-    std::string line() {
-        std::string text;
-        for (int c = fgetc(answers_); c != EOF && c != '\n'; c = fgetc(answers_))
-            text += static_cast<char>(c);
-        return text;
-    }
-
-    Json answerTo(const std::string& request) {
-        send(request + "\n");
-        const auto answer = line();
-        const auto value = parseJson(answer);
-        EXPECT_TRUE(value.has_value()) << request << "\n" << answer;
-        return value ? *value : Json();
-    }
-
-    // The result of a request that must succeed.
-    Json result(const Json& request) {
-        const auto answer = answerTo(jsonText(request));
-        EXPECT_EQ(answer.value("ok", false), true) << jsonText(request) << "\n" << jsonText(answer);
-        return answer.contains("result") ? answer.at("result") : Json();
-    }
-
-    // Ends the input, and returns the exit status; -1 for a driver that did not exit by itself.
-    int finish() {
-        close(requests_);
-        requests_ = -1;
-        int status = 0;
-        waitpid(child_, &status, 0);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
-private:
-    void start(int input, int output) {
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_adddup2(&actions, input, STDIN_FILENO);
-        posix_spawn_file_actions_adddup2(&actions, output, STDOUT_FILENO);
-        std::string program = ENGINE_DRIVER;
-        const std::array<char*, 2> arguments = {program.data(), nullptr};
-        const int error = posix_spawn(&child_, program.c_str(), &actions, nullptr, arguments.data(), environ);
-        posix_spawn_file_actions_destroy(&actions);
-        if (error != 0) throw std::runtime_error("cannot start " + program);
-    }
-
-    pid_t child_ = -1;
-    int requests_ = -1;
-    std::FILE* answers_ = nullptr;
-};
-
-class EngineDriver : public ::testing::Test {
-protected:
-    // Seconds since 1970 of a local reading, as the driver under test understands a name.
-    Json epochOf(const std::string& stem) {
-        return driver.result({{"op", "filenameCandidate"}, {"stem", stem}}).at("epoch");
-    }
-
-    Json errorTo(const std::string& request) {
-        const auto answer = driver.answerTo(request);
-        EXPECT_EQ(answer.value("ok", true), false) << request;
-        EXPECT_FALSE(answer.contains("result"));
-        return answer.value("error", Json());
-    }
-
-    Driver driver;
-    TemporaryFolder folder;
-};
 
 TEST_F(EngineDriver, EndsWithItsInput) {
     EXPECT_EQ(driver.finish(), 0);
@@ -179,6 +69,15 @@ TEST_F(EngineDriver, SurvivesBadArguments) {
              R"({"op":"folderYearMonth","path":"/a","parseMonthWords":1})",
              R"({"op":"siblingYear","entries":"/a","file":"/a/b"})",
              R"({"op":"siblingYear","entries":[1],"file":"/a/b"})",
+             R"({"op":"parseExifDate"})",
+             R"({"op":"readImageDate","path":7})",
+             R"({"op":"readVideoDate"})",
+             R"({"op":"sidecarCandidate"})",
+             R"({"op":"readCameraModel","path":"/a","exifCameras":[1]})",
+             R"({"op":"batchReadExif","files":["/a"],"kind":"other","chunkSize":1,"timeout":1})",
+             R"({"op":"batchReadExif","files":["/a"],"kind":"image","chunkSize":0,"timeout":1})",
+             R"({"op":"batchReadExif","files":["/a"],"kind":"image","chunkSize":1,"timeout":1e300})",
+             R"({"op":"batchReadExif","files":"/a","kind":"image","chunkSize":1,"timeout":1})",
              R"({"op":"decideFile","path":"/a/b.jpg"})",
              R"({"op":"buildDestination","source":"/a/b.jpg","epoch":0,"dest":"/d","options":[]})",
              R"({"op":"buildDestination","source":"/a/b.jpg","epoch":0,"dest":"/d","options":{"dryRun":1}})",
