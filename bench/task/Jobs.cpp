@@ -68,8 +68,9 @@ void scan(const std::string& source, const Options& options) {
 // An empty source ends a run early; its measurement shows what a process costs before its first file.
 void run(const std::string& source, const std::string& dest, const Options& options) {
     EngineHarness harness;
+    testing::NoMetadataReaders noReaders;
     // The harness's own observer remembers all that it sees, which is no memory of the engine's.
-    harness.engine = std::make_unique<OrganizerEngine>(harness.servicesFor({}));
+    harness.engine = std::make_unique<OrganizerEngine>(harness.servicesFor({.metadataReaders = &noReaders}));
     printMeasurementOf([&] {
         harness.run({source}, dest, options);
         const auto& state = harness.state();

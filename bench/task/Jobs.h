@@ -12,7 +12,7 @@ namespace vellomar::bench {
 // jobs without one. Throws if the job does not end as it must.
 using Job = std::function<void(const std::string& source, const std::string& dest)>;
 
-// By name:
+// By name, the runs without looking into files, which is measured apart:
 //
 //   scan           scanSources() of everything below a folder
 //   scan-network   the same as on network storage

@@ -208,6 +208,27 @@ TEST(SampleFiles, EveryRecordedExifDateIsRead) {
     EXPECT_GE(checked, 50);
 }
 
+// A file that was cut short anywhere may have lost its date, or the best of its dates; it never costs the next file's.
+TEST(SampleFiles, NoCutOfASampleHarms) {
+    const auto folder = samplesFolder();
+    if (folder.empty()) return;
+    const testing::TemporaryFolder cuts(testing::TemporaryFolder::Where::inMemory);
+    LinuxFileSystem fileSystem;
+    EmbeddedMetadataReader reader(fileSystem, testing::decoderProgram());
+    const auto good = joinPath(folder, "jpeg/Canon.jpg");
+    const auto goodDate = reader.readImageDate(good);
+    ASSERT_TRUE(goodDate.has_value());
+    for (const auto& name : sampleNames(folder)) {
+        const auto content = testing::contentOf(joinPath(folder, name));
+        for (const auto eighths : {1U, 4U, 7U}) {
+            const auto cut = cuts.write(lastPathComponent(name), content.substr(0, content.size() * eighths / 8));
+            static_cast<void>(reader.readImageDate(cut));
+            static_cast<void>(reader.readVideoDate(cut));
+            EXPECT_EQ(reader.readImageDate(good), goodDate) << name;
+        }
+    }
+}
+
 // The times of a QuickTime film are in UTC. We know that, ExifTool prints them as they stand, and the run takes what it
 // prints for local time, so that both differ by the zone's distance. Apple's own date names its zone.
 TEST(SampleFiles, FilmsKnowTheirZone) {

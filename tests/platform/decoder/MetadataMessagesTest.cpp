@@ -65,6 +65,55 @@ TEST(MetadataMessages, HoweverMuchAVideoHoldsAnAnswerIsShortEnough) {
     EXPECT_GT(received->video.formats[1].texts.size(), 100U);
 }
 
+TEST(MetadataMessages, NoTextFollowsOneThatHadNoRoom) {
+    MediaMetadata metadata;
+    metadata.video.formats = {{"long", std::vector<std::string>(60, std::string(1024, 'a'))}, {"short", {"b"}}};
+    const auto received = metadataFromAnswer(metadataAnswer(metadata));
+    ASSERT_TRUE(received.has_value());
+    ASSERT_EQ(received->video.formats.size(), 1U);
+    EXPECT_EQ(received->video.formats[0].identifier, "long");
+    EXPECT_EQ(received->video.formats[0].texts.size(), 47U);
+}
+
+// What only a decoder that a file has taken over would send.
+TEST(MetadataMessages, HostileAnswersHarmNothing) {
+    const auto withTail = [](MessageBytes head, std::uint8_t repeated) {
+        head.resize(kMostBytesOfMessage, repeated);
+        return head;
+    };
+    const MessageBytes endlessArrays = withTail({}, 0x81);
+    const MessageBytes openArrays = withTail({}, 0x9f);
+    const MessageBytes bytesInPieces = withTail({0x82, 0x85}, 0x5f);
+    const MessageBytes textsInPieces = withTail({0x82, 0x85}, 0x7f);
+    const MessageBytes mapsInMaps = withTail({0x82, 0x85}, 0xa1);
+    for (const auto& bytes : {endlessArrays, openArrays, bytesInPieces, textsInPieces, mapsInMaps})
+        EXPECT_EQ(metadataFromAnswer(bytes), std::nullopt) << int{bytes.back()};
+    for (const auto type : MessageBytes{0x9b, 0x5b, 0x9a, 0x5a, 0xbb}) {
+        EXPECT_EQ(metadataFromAnswer(withTail({type, 0x0f}, 0xff)), std::nullopt) << int{type};
+        EXPECT_EQ(metadataFromAnswer(withTail({0x82, 0x85, type, 0x0f}, 0xff)), std::nullopt) << int{type};
+    }
+}
+
+TEST(MetadataMessages, LengthsMayBeWrittenInAnyWidth) {
+    const MessageBytes answer = {0x98, 2,   0x99, 0, 5,    0x41, 'a', 0x58, 1,    'b',  0x59, 0,
+                                 1,    'c', 0x5a, 0, 0,    0,    1,   'd',  0xf6, 0x82, 0xf6, 0x9a,
+                                 0,    0,   0,    1, 0x82, 0x41, 'f', 0x81, 0x41, 't'};
+    const auto metadata = metadataFromAnswer(answer);
+    ASSERT_TRUE(metadata.has_value());
+    EXPECT_EQ(metadata->image.dateTimeOriginal, "a");
+    EXPECT_EQ(metadata->image.dateTimeDigitized, "b");
+    EXPECT_EQ(metadata->image.dateTime, "c");
+    EXPECT_EQ(metadata->image.make, "d");
+    EXPECT_EQ(metadata->image.model, std::nullopt);
+    EXPECT_EQ(metadata->video.formats, (std::vector<VideoMetadataFormat>{{"f", {"t"}}}));
+}
+
+TEST(MetadataMessages, NothingMayStandBehindAnAnswer) {
+    auto bytes = metadataAnswer(everything());
+    bytes.push_back(0xf6);
+    EXPECT_EQ(metadataFromAnswer(bytes), std::nullopt);
+}
+
 TEST(MetadataMessages, WhatIsNoAnswerIsNone) {
     for (const auto& bytes : {MessageBytes{}, MessageBytes{0xff}, MessageBytes{0x80}, MessageBytes{0x82, 0xf6, 0xf6},
                               MessageBytes{0x82, 0x85, 1, 2, 3, 4, 5, 0x82, 0xf6, 0x80}})

@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <memory>
+#include <span>
 
 #include <fcntl.h>
 #include <linux/capability.h>
@@ -17,9 +18,9 @@ namespace vellomar {
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr bool kLimitsMemory = false;
+constexpr bool kIsSanitized = true;
 #else
-constexpr bool kLimitsMemory = true;
+constexpr bool kIsSanitized = false;
 #endif
 
 constexpr rlim_t kMostMemory = rlim_t{1} << 30U;
@@ -71,6 +72,9 @@ constexpr std::array kAllowedCalls = {SCMP_SYS(brk),
                                       SCMP_SYS(sysinfo),
                                       SCMP_SYS(uname)};
 
+// Sanitizers find out by a pipe whether memory can be read.
+constexpr std::array kCallsOfSanitizers = {SCMP_SYS(pipe), SCMP_SYS(pipe2)};
+
 using Filter = std::unique_ptr<void, decltype(&seccomp_release)>;
 
 Expected<void> lowerLimit(int resource, rlim_t value) {
@@ -79,28 +83,37 @@ Expected<void> lowerLimit(int resource, rlim_t value) {
     return {};
 }
 
+int allowIf(scmp_filter_ctx filter, int call, const scmp_arg_cmp& argument) {
+    return seccomp_rule_add_array(filter, SCMP_ACT_ALLOW, call, 1, &argument);
+}
+
 // Both forms in which a C library may ask for a thread. Of the newer one a filter cannot see the arguments, and without
 // it the older one is used.
 int allowThreads(scmp_filter_ctx filter) {
     if (const int failed = seccomp_rule_add(filter, SCMP_ACT_ERRNO(ENOSYS), SCMP_SYS(clone3), 0)) return failed;
-    return seccomp_rule_add(filter, SCMP_ACT_ALLOW, SCMP_SYS(clone), 1,
-                            SCMP_A0(SCMP_CMP_MASKED_EQ, CLONE_THREAD, CLONE_THREAD));
+    return allowIf(filter, SCMP_SYS(clone), {0, SCMP_CMP_MASKED_EQ, CLONE_THREAD, CLONE_THREAD});
 }
 
 // A process that aborts signals itself.
 int allowSignalsToItself(scmp_filter_ctx filter) {
-    return seccomp_rule_add(filter, SCMP_ACT_ALLOW, SCMP_SYS(tgkill), 1,
-                            SCMP_A0(SCMP_CMP_EQ, static_cast<scmp_datum_t>(::getpid())));
+    return allowIf(filter, SCMP_SYS(tgkill), {0, SCMP_CMP_EQ, static_cast<scmp_datum_t>(::getpid()), 0});
 }
 
 // Newer C libraries ask by this call for the status of an open file.
 int allowStatusOfOpenFiles(scmp_filter_ctx filter) {
-    return seccomp_rule_add(filter, SCMP_ACT_ALLOW, SCMP_SYS(newfstatat), 1, SCMP_A3(SCMP_CMP_EQ, AT_EMPTY_PATH));
+    return allowIf(filter, SCMP_SYS(newfstatat), {3, SCMP_CMP_EQ, AT_EMPTY_PATH, 0});
+}
+
+int allowAll(scmp_filter_ctx filter, std::span<const int> calls) {
+    for (const int call : calls)
+        if (const int failed = seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 0)) return failed;
+    return 0;
 }
 
 int allowDecoding(scmp_filter_ctx filter) {
-    for (const int call : kAllowedCalls)
-        if (const int failed = seccomp_rule_add(filter, SCMP_ACT_ALLOW, call, 0)) return failed;
+    if (const int failed = allowAll(filter, kAllowedCalls)) return failed;
+    if (kIsSanitized)
+        if (const int failed = allowAll(filter, kCallsOfSanitizers)) return failed;
     if (const int failed = allowStatusOfOpenFiles(filter)) return failed;
     if (const int failed = allowThreads(filter)) return failed;
     return allowSignalsToItself(filter);
@@ -117,7 +130,7 @@ Expected<void> dropPrivileges() {
 }  // namespace
 
 Expected<void> limitResources() {
-    if (kLimitsMemory)
+    if (!kIsSanitized)
         if (auto limited = lowerLimit(RLIMIT_DATA, kMostMemory); !limited) return limited;
     if (auto limited = lowerLimit(RLIMIT_NOFILE, kMostOpenFiles); !limited) return limited;
     return lowerLimit(RLIMIT_CORE, 0);
