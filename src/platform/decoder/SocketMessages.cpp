@@ -48,8 +48,8 @@ Expected<std::pair<FileDescriptor, FileDescriptor>> connectedSockets() {
     return std::pair(FileDescriptor(ends[0]), FileDescriptor(ends[1]));
 }
 
-Expected<void> sendMessage(int socket, const MessageBytes& bytes, int descriptor) {
-    iovec content{const_cast<std::uint8_t*>(bytes.data()), bytes.size()};
+Expected<void> sendMessage(int socket, MessageBytes bytes, int descriptor) {
+    iovec content{bytes.data(), bytes.size()};
     msghdr header{};
     header.msg_iov = &content;
     header.msg_iovlen = 1;

@@ -27,7 +27,7 @@ struct SocketMessage {
 
 // Sends `bytes`, 1 to kMostBytesOfMessage of them, and with them the open file `descriptor` unless it is negative.
 // Fails, without a signal, when nobody is at the other end. Blocks while the other end has not made room.
-[[nodiscard]] Expected<void> sendMessage(int socket, const MessageBytes& bytes, int descriptor = -1);
+[[nodiscard]] Expected<void> sendMessage(int socket, MessageBytes bytes, int descriptor = -1);
 
 // The next message; nothing when the other end is closed. Blocks until then. A longer message than is allowed is a
 // failure (EMSGSIZE), as it can only come from a decoder gone wrong.

@@ -110,8 +110,8 @@ TEST_F(HostileFiles, ADirectoryThatPointsToItself) {
 
 TEST_F(HostileFiles, BoxesWithinBoxesWithoutEnd) {
     std::string nested;
-    for (int depth = 0; depth < 20'000; ++depth)
-        nested = bigEndian(static_cast<std::uint32_t>(nested.size() + 8)) + "moov" + nested;
+    for (std::uint32_t depth = 20'000; depth > 0; --depth)
+        nested.append(bigEndian(8 * depth)).append("moov");
     expectNothingIn(folder.write("deep.mp4", bigEndian(16) + "ftypmp42" + bigEndian(0) + nested));
 }
 

@@ -11,11 +11,12 @@ MappedFile::MappedFile(int descriptor) {
     const auto size = static_cast<std::size_t>(status.st_size);
     void* start = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, descriptor, 0);
     if (start == MAP_FAILED) return;
-    bytes_ = {static_cast<const std::byte*>(start), size};
+    start_ = start;
+    size_ = size;
 }
 
 MappedFile::~MappedFile() {
-    if (!bytes_.empty()) ::munmap(const_cast<std::byte*>(bytes_.data()), bytes_.size());
+    if (start_ != nullptr) ::munmap(start_, size_);
 }
 
 }  // namespace vellomar

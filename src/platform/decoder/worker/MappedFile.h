@@ -15,10 +15,11 @@ public:
     MappedFile(const MappedFile&) = delete;
     MappedFile& operator=(const MappedFile&) = delete;
 
-    [[nodiscard]] std::span<const std::byte> bytes() const { return bytes_; }
+    [[nodiscard]] std::span<const std::byte> bytes() const { return {static_cast<const std::byte*>(start_), size_}; }
 
 private:
-    std::span<const std::byte> bytes_;
+    void* start_ = nullptr;
+    std::size_t size_ = 0;
 };
 
 }  // namespace vellomar
