@@ -24,9 +24,10 @@ namespace vellomar::bench {
 [[nodiscard]] std::vector<Result> benchmarkDuplicates(const Arguments& arguments);
 
 // ExifTool's batches over photos against ExifTool started bare; and reading the same photos by the decoder against a
-// bare loop over the library, and against the same reading within one process.
+// bare loop over the library; and what a request to the decoder costs beyond the reading.
 [[nodiscard]] std::vector<Result> benchmarkMetadata(const Arguments& arguments);
 [[nodiscard]] std::vector<Result> benchmarkReading(const Arguments& arguments);
+[[nodiscard]] std::vector<Result> benchmarkRequests(const Arguments& arguments);
 
 // `count` files of a corpus at full size, at the size that `arguments` ask for; not less than `least`.
 [[nodiscard]] std::size_t scaled(const Arguments& arguments, std::size_t count, std::size_t least);

@@ -130,7 +130,8 @@ const std::map<std::string_view, Job>& jobs() {
         {"digest-all", [](const std::string& source, const std::string& /*dest*/) { digestAll(source); }},
         {"exiftool", [](const std::string& list, const std::string& /*dest*/) { askExifTool(list); }},
         {"read", [](const std::string& list, const std::string& /*dest*/) { readByDecoder(list); }},
-        {"read-here", [](const std::string& list, const std::string& /*dest*/) { readHere(list); }},
+        {"ask", [](const std::string& list, const std::string& /*dest*/) { askDecoder(list); }},
+        {"ask-here", [](const std::string& list, const std::string& /*dest*/) { askHere(list); }},
     };
     return all;
 }

@@ -27,7 +27,8 @@ using Job = std::function<void(const std::string& source, const std::string& des
 //
 //   exiftool       batchReadExif() as a run asks for it
 //   read           date and camera of each, read by the decoder
-//   read-here      the same, read within this process
+//   ask            what the decoder says of each, whatever that is
+//   ask-here       the same, read within this process
 [[nodiscard]] const std::map<std::string_view, Job>& jobs();
 
 }  // namespace vellomar::bench

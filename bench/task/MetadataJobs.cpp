@@ -6,9 +6,9 @@
 
 #include "dates/EmbeddedMetadataReader.h"
 #include "dates/ExifBatch.h"
-#include "dates/ImageDate.h"
 #include "measure/Measurement.h"
 #include "platform/LinuxFileSystem.h"
+#include "platform/decoder/Decoder.h"
 #include "platform/decoder/worker/ImagePropertiesReader.h"
 #include "platform/decoder/worker/MappedFile.h"
 #include "support/DecoderProgram.h"
@@ -38,11 +38,22 @@ Amount readEach(const std::vector<std::string>& paths, const HasDate& hasDate) {
     return sum;
 }
 
-bool hasDateInside(FileSystem& fileSystem, const std::string& path) {
-    const auto file = fileSystem.openForReading(path, true);
-    if (!file) return false;
-    const MappedFile content((*file)->descriptor());
-    return ExifUtils::imageDate(readImageProperties(content.bytes())).has_value();
+ImageProperties propertiesOf(InputFile& file) {
+    const MappedFile content(file.descriptor());
+    return readImageProperties(content.bytes());
+}
+
+// `ask` looks into an open file and tells whether there was an answer.
+template <typename Ask>
+Amount askEach(const std::vector<std::string>& paths, const Ask& ask) {
+    LinuxFileSystem fileSystem;
+    Amount sum;
+    for (const auto& path : paths) {
+        const auto file = fileSystem.openForReading(path, true);
+        if (!file || !ask(**file)) throw std::runtime_error("there is no answer for " + path);
+        ++sum.files;
+    }
+    return sum;
 }
 
 }  // namespace
@@ -73,12 +84,20 @@ void readByDecoder(const std::string& list) {
     });
 }
 
-void readHere(const std::string& list) {
+void askDecoder(const std::string& list) {
     const auto paths = pathsIn(list);
-    LinuxFileSystem fileSystem;
+    Decoder decoder(testing::decoderProgram());
+    printMeasurementOf([&] {
+        return askEach(paths,
+                       [&](InputFile& file) { return decoder.readMetadata(file, MediaKind::image).has_value(); });
+    });
+}
+
+void askHere(const std::string& list) {
+    const auto paths = pathsIn(list);
     prepareImageLibraries();
     printMeasurementOf(
-        [&] { return readEach(paths, [&](const std::string& path) { return hasDateInside(fileSystem, path); }); });
+        [&] { return askEach(paths, [](InputFile& file) { return propertiesOf(file) == ImageProperties{}; }); });
 }
 
 }  // namespace vellomar::bench
