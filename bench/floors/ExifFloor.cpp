@@ -2,13 +2,12 @@
 //
 //   floor_exif LIST     a file with one path a line
 #include <cstdio>
-#include <fstream>
 #include <string>
-#include <vector>
 
 #include <exiv2/exiv2.hpp>
 
 #include "measure/Measurement.h"
+#include "measure/PathList.h"
 
 namespace {
 
@@ -29,10 +28,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     Exiv2::XmpParser::initialize();
-    std::vector<std::string> paths;
-    std::ifstream list(argv[1]);
-    for (std::string path; std::getline(list, path);)
-        paths.push_back(path);
+    const auto paths = pathsIn(argv[1]);
     printMeasurementOf([&] {
         Amount sum;
         for (const auto& path : paths) {

@@ -3,7 +3,6 @@
 //   floor_exiftool LIST     a file with one path a line
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -12,6 +11,7 @@
 #include <unistd.h>
 
 #include "measure/Measurement.h"
+#include "measure/PathList.h"
 
 namespace {
 
@@ -65,10 +65,7 @@ int main(int argc, char** argv) {
         std::fputs("Usage: floor_exiftool LIST\n", stderr);
         return 2;
     }
-    std::vector<std::string> paths;
-    std::ifstream list(argv[1]);
-    for (std::string path; std::getline(list, path);)
-        paths.push_back(path);
+    const auto paths = pathsIn(argv[1]);
     printMeasurementOf([&] {
         Amount sum;
         for (std::size_t start = 0; start < paths.size(); start += kFilesAtATime) {

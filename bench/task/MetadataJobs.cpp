@@ -1,12 +1,12 @@
 #include "task/MetadataJobs.h"
 
-#include <fstream>
 #include <stdexcept>
 #include <vector>
 
 #include "dates/EmbeddedMetadataReader.h"
 #include "dates/ExifBatch.h"
 #include "measure/Measurement.h"
+#include "measure/PathList.h"
 #include "platform/LinuxFileSystem.h"
 #include "platform/decoder/Decoder.h"
 #include "platform/decoder/worker/ImagePropertiesReader.h"
@@ -17,14 +17,6 @@ namespace vellomar::bench {
 namespace {
 
 constexpr std::uint64_t kBytesOfDate = std::string_view("2023:08:14 14:30:21").size();
-
-std::vector<std::string> pathsIn(const std::string& list) {
-    std::vector<std::string> paths;
-    std::ifstream file(list);
-    for (std::string path; std::getline(file, path);)
-        paths.push_back(path);
-    return paths;
-}
 
 // Every photo has a date: a reading that finds none is no measurement.
 template <typename HasDate>
@@ -60,8 +52,8 @@ Amount askEach(const std::vector<std::string>& paths, const Ask& ask) {
 
 void askExifTool(const std::string& list) {
     std::vector<TaggedFile> files;
-    for (auto& path : pathsIn(list))
-        files.push_back({std::move(path), nullptr, std::nullopt});
+    for (const auto& path : pathsIn(list))
+        files.push_back({path, nullptr, std::nullopt});
     std::vector<const TaggedFile*> asked;
     for (const auto& file : files)
         asked.push_back(&file);
