@@ -13,9 +13,6 @@
 namespace vellomar::ExifUtils {
 namespace {
 
-// Enough to tell what the sources are like, and few enough not to wait for a slow share.
-constexpr std::size_t kVolumesLookedAt = 5;
-
 struct TrustedTag {
     const char* name;
     int score;

@@ -56,8 +56,11 @@ struct BatchRequest {
 // path that it names; a path that is not UTF-8 does not come back as it was, and finds nothing. Any thread; it blocks.
 [[nodiscard]] BatchExifResult batchReadExif(const ExifTool& exifTool, const BatchRequest& request);
 
-// Whether one of the first five paths lies on a volume that is not attached to this machine. A path whose volume cannot
-// be told is passed over. Any thread.
+// Enough to tell what the sources are like, and few enough not to wait for a slow share.
+inline constexpr std::size_t kVolumesLookedAt = 5;
+
+// Whether one of the first kVolumesLookedAt paths lies on a volume that is not attached to this machine. A path whose
+// volume cannot be told is passed over. Any thread.
 [[nodiscard]] bool anyVolumeNotLocal(FileSystem& fileSystem, std::span<const std::string> paths);
 
 }  // namespace vellomar::ExifUtils

@@ -1,7 +1,9 @@
 #include "engine/MetadataStage.h"
 
+#include <algorithm>
 #include <chrono>
 #include <mutex>
+#include <span>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -20,7 +22,6 @@ using ExifUtils::BatchKind;
 using namespace std::chrono_literals;
 
 constexpr double kShareOfProgress = 0.15;
-constexpr std::size_t kFilesLookedAtForTheirVolume = 5;
 
 // How much one start of ExifTool is given to do.
 struct BatchLimits {
@@ -70,10 +71,11 @@ std::vector<const TaggedFile*> filesOfKind(const std::vector<TaggedFile>& files,
     return found;
 }
 
+// Those whose volume is looked at; copies of all would be many.
 std::vector<std::string> firstPaths(const std::vector<TaggedFile>& files) {
     std::vector<std::string> paths;
-    for (std::size_t i = 0; i < files.size() && i < kFilesLookedAtForTheirVolume; ++i)
-        paths.push_back(files[i].path);
+    for (const auto& file : std::span(files).first(std::min(files.size(), ExifUtils::kVolumesLookedAt)))
+        paths.push_back(file.path);
     return paths;
 }
 

@@ -17,6 +17,7 @@ using namespace std::chrono_literals;
 
 constexpr Instant kAugust = instantFromUnixSeconds(std::int64_t{1'692'023'421});  // 2023-08-14 14:30:21 UTC
 constexpr std::string_view kAugustText = "2023-08-14 14:30:21";
+// Both of ICU's letters for a zone: Z is that of +0200, three X are those of +02:00.
 constexpr std::string_view kZonePatterns[] = {"yyyy-MM-dd HH:mm:ssZ", "yyyy-MM-dd HH:mm:ssXXX"};
 
 TEST(StrictDateFormatter, HonoursEverySpellingOfTheZone) {
