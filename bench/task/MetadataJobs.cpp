@@ -8,9 +8,10 @@
 #include "measure/Measurement.h"
 #include "measure/PathList.h"
 #include "platform/LinuxFileSystem.h"
-#include "platform/decoder/Decoder.h"
-#include "platform/decoder/worker/ImagePropertiesReader.h"
+#include "platform/decoder/MetadataDecoder.h"
 #include "platform/decoder/worker/MappedFile.h"
+#include "platform/decoder/worker/OpenImage.h"
+#include "platform/decoder/worker/metadata/ImagePropertiesReader.h"
 #include "support/DecoderProgram.h"
 
 namespace vellomar::bench {
@@ -78,7 +79,7 @@ void readByDecoder(const std::string& list) {
 
 void askDecoder(const std::string& list) {
     const auto paths = pathsIn(list);
-    Decoder decoder(testing::decoderProgram());
+    MetadataDecoder decoder(testing::decoderProgram());
     printMeasurementOf([&] {
         return askEach(paths,
                        [&](InputFile& file) { return decoder.readMetadata(file, MediaKind::image).has_value(); });
@@ -87,7 +88,7 @@ void askDecoder(const std::string& list) {
 
 void askHere(const std::string& list) {
     const auto paths = pathsIn(list);
-    prepareImageLibraries();
+    prepareImageLibrary();
     printMeasurementOf(
         [&] { return askEach(paths, [](InputFile& file) { return propertiesOf(file) == ImageProperties{}; }); });
 }

@@ -7,7 +7,7 @@
 
 #include "dates/MetadataReader.h"
 #include "platform/FileSystem.h"
-#include "platform/decoder/Decoder.h"
+#include "platform/decoder/MetadataDecoder.h"
 
 namespace vellomar {
 
@@ -35,7 +35,7 @@ private:
     [[nodiscard]] MediaMetadata readFile(const std::string& path, MediaKind kind);
 
     FileSystem& fileSystem_;
-    Decoder decoder_;
+    MetadataDecoder decoder_;
     std::optional<FileAtHand> atHand_;
 };
 

@@ -12,21 +12,13 @@
 #include <sys/xattr.h>
 
 #include "platform/FileStatusFromKernel.h"
+#include "platform/Uninterrupted.h"
 
 namespace vellomar {
 namespace {
 
 // Linux moves no more than this in one call anyway.
 constexpr std::size_t kMostBytesPerCall = 0x7ffff000;
-
-// Makes a kernel call again that a signal interrupted before it did anything.
-template <typename Call>
-auto uninterrupted(Call call) {
-    while (true) {
-        const auto result = call();
-        if (result >= 0 || errno != EINTR) return result;
-    }
-}
 
 Expected<std::size_t> countOrFailure(ssize_t count) {
     if (count < 0) return systemFailure(errno);

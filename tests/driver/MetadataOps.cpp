@@ -1,6 +1,7 @@
 #include <chrono>
 #include <memory>
 #include <stdexcept>
+#include <string>
 
 #include "dates/CameraModel.h"
 #include "dates/EmbeddedMetadataReader.h"
@@ -10,6 +11,7 @@
 #include "driver/Ops.h"
 #include "driver/Results.h"
 #include "driver/Surroundings.h"
+#include "duplicates/PerceptualHash.h"
 #include "support/DecoderProgram.h"
 
 namespace vellomar::driver {
@@ -33,6 +35,12 @@ Json camera(MetadataReader& reader, const Json& arguments) {
     Options options;
     options.storageIsNetwork = flagOf(arguments, "storageIsNetwork", false);
     return readCameraModel(exifCamerasOf(arguments), textOf(arguments, "path"), options, &reader);
+}
+
+// The value as a decimal text: a number of JSON need not have room for 64 bits.
+Json pictureHash(Surroundings& surroundings, const Json& arguments) {
+    const auto hash = perceptualHash(surroundings.fileSystem, surroundings.pixels, textOf(arguments, "path"));
+    return hash ? Json(std::to_string(*hash)) : Json(nullptr);
 }
 
 Json exifTool(const ExifTool& exifTool) {
@@ -105,6 +113,7 @@ void addMetadataOps(Ops& ops, Surroundings& surroundings) {
     ops["readCameraModel"] = [&](const Json& arguments) {
         return readingFrom(surroundings, [&](auto& reader) { return camera(reader, arguments); });
     };
+    ops["perceptualHash"] = [&](const Json& arguments) { return pictureHash(surroundings, arguments); };
     ops["locateExifTool"] = [&](const Json&) { return exifTool(surroundings.exifTool); };
     ops["batchReadExif"] = [&](const Json& arguments) { return batch(surroundings.exifTool, arguments); };
 }

@@ -10,8 +10,9 @@
 #include <gtest/gtest.h>
 
 #include "fuzz/Targets.h"
-#include "platform/decoder/worker/ImagePropertiesReader.h"
-#include "platform/decoder/worker/VideoMetadataReader.h"
+#include "platform/decoder/worker/OpenImage.h"
+#include "platform/decoder/worker/metadata/ImagePropertiesReader.h"
+#include "platform/decoder/worker/metadata/VideoMetadataReader.h"
 #include "support/TemporaryFolder.h"
 
 extern "C" int LLVMFuzzerInitialize(int* argumentCount, char*** arguments);
@@ -104,7 +105,7 @@ TEST(FuzzCorpus, EveryFolderBelongsToATarget) {
 
 // A seed that its reader refuses at once would lead the invention of inputs nowhere.
 TEST(FuzzCorpus, EveryImageTellsItsDate) {
-    prepareImageLibraries();
+    prepareImageLibrary();
     for (const auto& [name, content] : seedsOf(kImageProperties))
         EXPECT_EQ(readImageProperties(std::as_bytes(std::span(content))).dateTimeOriginal, "2023:08:14 14:30:21")
             << name;

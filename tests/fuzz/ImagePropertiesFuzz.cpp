@@ -1,7 +1,8 @@
 #include "fuzz/Require.h"
 #include "fuzz/Targets.h"
 #include "platform/decoder/MetadataMessages.h"
-#include "platform/decoder/worker/ImagePropertiesReader.h"
+#include "platform/decoder/worker/OpenImage.h"
+#include "platform/decoder/worker/metadata/ImagePropertiesReader.h"
 
 namespace vellomar::fuzz {
 namespace {
@@ -26,6 +27,6 @@ void run(Input input) {
 
 }  // namespace
 
-const Target kImageProperties = {"ImagePropertiesFuzz", InputKind::media, prepareImageLibraries, run};
+const Target kImageProperties = {"ImagePropertiesFuzz", InputKind::media, prepareImageLibrary, run};
 
 }  // namespace vellomar::fuzz

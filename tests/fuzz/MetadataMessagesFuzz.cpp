@@ -5,6 +5,7 @@
 
 #include "fuzz/Require.h"
 #include "fuzz/Targets.h"
+#include "platform/decoder/DecoderRequest.h"
 #include "platform/decoder/MetadataMessages.h"
 
 namespace vellomar::fuzz {
@@ -57,7 +58,7 @@ bool isFrontOf(const VideoMetadata& sent, const VideoMetadata& whole) {
 
 void run(Input input) {
     const MessageBytes bytes(input.begin(), input.end());
-    static_cast<void>(kindFromRequest(bytes));
+    static_cast<void>(requestFromMessage(bytes));
     const auto metadata = metadataFromAnswer(bytes);
     if (!metadata) return;
     const auto answer = metadataAnswer(*metadata);

@@ -3,7 +3,7 @@
 #include "fuzz/Require.h"
 #include "fuzz/Targets.h"
 #include "platform/decoder/MetadataMessages.h"
-#include "platform/decoder/worker/VideoMetadataReader.h"
+#include "platform/decoder/worker/metadata/VideoMetadataReader.h"
 
 namespace vellomar::fuzz {
 namespace {

@@ -4,9 +4,12 @@
 
 namespace vellomar::testing {
 
-// The path of the decoder's executable, as it was built.
+// The paths of the decoders' executables, as they were built.
 [[nodiscard]] inline std::string decoderProgram() {
     return DECODER_PROGRAM;
+}
+[[nodiscard]] inline std::string pixelDecoderProgram() {
+    return PIXEL_DECODER_PROGRAM;
 }
 
 }  // namespace vellomar::testing

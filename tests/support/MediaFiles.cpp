@@ -1,6 +1,7 @@
 #include "support/MediaFiles.h"
 
 #include "platform/Path.h"
+#include "platform/Text.h"
 #include "support/RunTool.h"
 
 namespace vellomar::testing {
@@ -12,14 +13,6 @@ void makeAvif(const std::string& png, const std::string& path) {
              "-still-picture", "1", path});
 }
 
-void makeBareImage(const std::string& path, const std::string& png) {
-    const auto extension = pathExtension(path);
-    const bool isIsoMedia = extension == "heic" || extension == "avif";
-    runTool({"convert", "-size", "64x64", "xc:red", isIsoMedia ? png : path});
-    if (extension == "heic") runTool({"heif-enc", png, "-o", path});
-    if (extension == "avif") makeAvif(png, path);
-}
-
 }  // namespace
 
 std::string makeImage(const TemporaryFolder& folder, const std::string& name) {
@@ -28,13 +21,28 @@ std::string makeImage(const TemporaryFolder& folder, const std::string& name) {
 
 std::string makeImage(const TemporaryFolder& folder, const std::string& name, const std::vector<std::string>& tags) {
     auto path = folder / name;
-    makeBareImage(path, folder / (name + ".source.png"));
+    makePicture(folder, name, {"-size", "64x64", "xc:red"});
     if (tags.empty()) return path;
     std::vector<std::string> words = {"exiftool", "-q", "-q", "-m", "-overwrite_original"};
     for (const auto& tag : tags)
         words.push_back("-" + tag);
     words.push_back(path);
     runTool(words);
+    return path;
+}
+
+std::string makePicture(const TemporaryFolder& folder, const std::string& name,
+                        const std::vector<std::string>& arguments) {
+    auto path = folder / name;
+    const auto extension = lowercased(pathExtension(path));
+    const bool isIsoMedia = extension == "heic" || extension == "avif";
+    const auto made = isIsoMedia ? folder / (name + ".source.png") : path;
+    std::vector<std::string> words = {"convert"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    words.push_back(made);
+    runTool(words);
+    if (extension == "heic") runTool({"heif-enc", made, "-o", path});
+    if (extension == "avif") makeAvif(made, path);
     return path;
 }
 

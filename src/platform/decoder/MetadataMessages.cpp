@@ -136,20 +136,7 @@ private:
     std::span<const std::uint8_t> rest_;
 };
 
-constexpr std::uint8_t kImageRequest = 'i';
-constexpr std::uint8_t kVideoRequest = 'v';
-
 }  // namespace
-
-MessageBytes metadataRequest(MediaKind kind) {
-    return {kind == MediaKind::image ? kImageRequest : kVideoRequest};
-}
-
-std::optional<MediaKind> kindFromRequest(const MessageBytes& bytes) {
-    if (bytes == metadataRequest(MediaKind::image)) return MediaKind::image;
-    if (bytes == metadataRequest(MediaKind::video)) return MediaKind::video;
-    return std::nullopt;
-}
 
 MessageBytes metadataAnswer(const MediaMetadata& metadata) {
     return Json::to_cbor(Json::array({encoded(metadata.image), encoded(metadata.video)}));

@@ -1,4 +1,4 @@
-// What the decoder is asked, and what it answers, as the bytes of messages.
+// The decoder's answers to requests for metadata, as the bytes of messages.
 #pragma once
 
 #include <optional>
@@ -7,12 +7,6 @@
 #include "platform/decoder/SocketMessages.h"
 
 namespace vellomar {
-
-// The request for a file's metadata; the open file travels with the message.
-[[nodiscard]] MessageBytes metadataRequest(MediaKind kind);
-
-// Nothing for bytes that are no request.
-[[nodiscard]] std::optional<MediaKind> kindFromRequest(const MessageBytes& bytes);
 
 // The answer, always short enough for a message: no date and no name of a camera is longer than 1,024 bytes, so that
 // longer texts are cut there, and a video's texts are left out from the one on that has no room any more.

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -17,17 +18,20 @@ using MessageBytes = std::vector<std::uint8_t>;
 // A message is never longer than this, so that one buffer and one call of the kernel do for it.
 inline constexpr std::size_t kMostBytesOfMessage = 64U << 10U;
 
+// Nor does it bring more open files.
+inline constexpr std::size_t kMostDescriptorsOfMessage = 2;
+
 struct SocketMessage {
     MessageBytes bytes;
-    FileDescriptor descriptor{-1};  // an open file that came with it; not open when none did
+    std::vector<FileDescriptor> descriptors;  // open files that came with it, in the sender's order
 };
 
 // Two ends of a connection; neither is inherited by a program that is started.
 [[nodiscard]] Expected<std::pair<FileDescriptor, FileDescriptor>> connectedSockets();
 
-// Sends `bytes`, 1 to kMostBytesOfMessage of them, and with them the open file `descriptor` unless it is negative.
-// Fails, without a signal, when nobody is at the other end. Blocks while the other end has not made room.
-[[nodiscard]] Expected<void> sendMessage(int socket, MessageBytes bytes, int descriptor = -1);
+// Sends `bytes`, 1 to kMostBytesOfMessage of them, and with them open files, which stay open here. Fails, without a
+// signal, when nobody is at the other end. Blocks while the other end has not made room.
+[[nodiscard]] Expected<void> sendMessage(int socket, MessageBytes bytes, std::span<const int> descriptors = {});
 
 // The next message; nothing when the other end is closed. Blocks until then. A longer message than is allowed is a
 // failure (EMSGSIZE), as it can only come from a decoder gone wrong.

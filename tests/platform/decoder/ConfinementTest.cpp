@@ -19,12 +19,14 @@
 namespace vellomar {
 namespace {
 
+constexpr std::size_t kMostMemory = std::size_t{1} << 30U;
+
 constexpr int kNotConfined = 200;
 
 // Does `attempt` in a confined process and returns what it returned there: an errno, or 0 for success.
 int confined(const std::function<int()>& attempt) {
     const auto child = ::fork();
-    if (child == 0) _exit(limitResources() && confine() ? attempt() : kNotConfined);
+    if (child == 0) _exit(limitResources(kMostMemory) && confine() ? attempt() : kNotConfined);
     int status = 0;
     ::waitpid(child, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -87,7 +89,7 @@ TEST(Confinement, MemoryAndFilesAreLimited) {
         return core.rlim_max == 0 && files.rlim_max == 64 ? 0 : 1;
     };
     const auto child = ::fork();
-    if (child == 0) _exit(limitResources() ? limits() : kNotConfined);
+    if (child == 0) _exit(limitResources(kMostMemory) ? limits() : kNotConfined);
     int status = 0;
     ::waitpid(child, &status, 0);
     ASSERT_TRUE(WIFEXITED(status));

@@ -8,7 +8,8 @@
 #include <unistd.h>
 
 #include "platform/LinuxFileSystem.h"
-#include "platform/decoder/Decoder.h"
+#include "platform/decoder/MetadataDecoder.h"
+#include "platform/decoder/PixelDecoder.h"
 #include "support/DecoderProgram.h"
 #include "support/ProcessCensus.h"
 #include "support/TemporaryFolder.h"
@@ -23,18 +24,18 @@ using testing::LeavesNothingBehind;
 // Files that tell the unruly decoder what to do, read by one decoder after the other.
 class DecoderTest : public ::testing::Test {
 protected:
-    std::optional<MediaMetadata> read(Decoder& decoder, const std::string& path) {
+    std::optional<MediaMetadata> read(MetadataDecoder& decoder, const std::string& path) {
         const auto file = disk.openForReading(path, true);
         EXPECT_TRUE(file.has_value()) << path;
         return file ? decoder.readMetadata(**file, MediaKind::image) : std::nullopt;
     }
 
-    std::optional<MediaMetadata> tell(Decoder& decoder, const std::string& word) {
+    std::optional<MediaMetadata> tell(MetadataDecoder& decoder, const std::string& word) {
         return read(decoder, folder.write(word, word));
     }
 
     // What the unruly decoder answers for `word`, and how long that took is short against the 60 s of a hanging one.
-    std::optional<std::string> dateFrom(Decoder& decoder, const std::string& word) {
+    std::optional<std::string> dateFrom(MetadataDecoder& decoder, const std::string& word) {
         const auto start = steady_clock::now();
         const auto metadata = tell(decoder, word);
         EXPECT_LT(steady_clock::now() - start, std::chrono::seconds(20)) << word;
@@ -48,7 +49,7 @@ protected:
 };
 
 TEST_F(DecoderTest, OneProcessAnswersRequestAfterRequest) {
-    Decoder decoder(unruly);
+    MetadataDecoder decoder(unruly);
     EXPECT_EQ(dateFrom(decoder, "first"), "first");
     const auto process = childrenOfThisProcess().running;
     ASSERT_EQ(process.size(), 1U);
@@ -57,14 +58,14 @@ TEST_F(DecoderTest, OneProcessAnswersRequestAfterRequest) {
 }
 
 TEST_F(DecoderTest, NoProcessIsStartedBeforeTheFirstRequest) {
-    const Decoder decoder(unruly);
+    const MetadataDecoder decoder(unruly);
     EXPECT_TRUE(childrenOfThisProcess().running.empty());
 }
 
 TEST_F(DecoderTest, WhateverOneFileDoesItCostsOnlyItsOwnValue) {
     for (const auto* misdeed : {"crash", "exit", "compute", "sleep", "stop", "babble"}) {
         SCOPED_TRACE(misdeed);
-        Decoder decoder(unruly);
+        MetadataDecoder decoder(unruly);
         EXPECT_EQ(dateFrom(decoder, "before"), "before");
         EXPECT_EQ(dateFrom(decoder, misdeed), std::nullopt);
         EXPECT_EQ(dateFrom(decoder, "after"), "after");
@@ -72,17 +73,60 @@ TEST_F(DecoderTest, WhateverOneFileDoesItCostsOnlyItsOwnValue) {
 }
 
 TEST_F(DecoderTest, AnExceptionCostsNotEvenTheProcess) {
-    Decoder decoder(unruly);
+    MetadataDecoder decoder(unruly);
     EXPECT_EQ(dateFrom(decoder, "before"), "before");
     const auto process = childrenOfThisProcess().running;
-    EXPECT_EQ(tell(decoder, "throw"), MediaMetadata{});
+    EXPECT_EQ(tell(decoder, "throw"), std::nullopt);
+    EXPECT_EQ(childrenOfThisProcess().running, process);
+}
+
+// The raster that the unruly decoder makes of `word`.
+std::optional<GreyRaster> rasterFrom(PixelDecoder& decoder, const testing::TemporaryFolder& folder,
+                                     const std::string& word) {
+    LinuxFileSystem disk;
+    const auto file = disk.openForReading(folder.write(word, word), true);
+    return decoder.readGreyRaster(**file);
+}
+
+TEST_F(DecoderTest, WhateverOneFileDoesItCostsOnlyItsOwnPixels) {
+    GreyRaster letterA;
+    letterA.pixels.fill('a');
+    for (const auto* misdeed : {"crash", "exit", "compute", "sleep", "stop", "babble", "throw"}) {
+        SCOPED_TRACE(misdeed);
+        PixelDecoder decoder(unruly);
+        EXPECT_EQ(rasterFrom(decoder, folder, "a"), letterA);
+        EXPECT_EQ(rasterFrom(decoder, folder, misdeed), std::nullopt);
+        EXPECT_EQ(rasterFrom(decoder, folder, "a"), letterA);
+    }
+}
+
+TEST_F(DecoderTest, ADecoderWhoseOtherThreadsComputeIsWaitedFor) {
+    PixelDecoder decoder(unruly);
+    EXPECT_TRUE(rasterFrom(decoder, folder, "threads").has_value());
+}
+
+TEST_F(DecoderTest, APictureComesInMemoryThatTheDecoderCannotTakeAway) {
+    PixelDecoder decoder(unruly);
+    const auto file = disk.openForReading(folder.write("word", "picture"), true);
+    auto picture = decoder.convertToJpeg(**file);
+    ASSERT_TRUE(picture.has_value());
+    const auto content = picture->content().value();
+    EXPECT_EQ(std::string(reinterpret_cast<const char*>(content.data()), content.size()), "picture");
+}
+
+TEST_F(DecoderTest, ADecoderThatKnowsNotTheRequestSaysSoAndStays) {
+    MetadataDecoder decoder(unruly);
+    EXPECT_EQ(dateFrom(decoder, "before"), "before");
+    const auto process = childrenOfThisProcess().running;
+    const auto file = disk.openForReading(folder.write("video", "video"), true);
+    EXPECT_EQ(decoder.readMetadata(**file, MediaKind::video), std::nullopt);
     EXPECT_EQ(childrenOfThisProcess().running, process);
 }
 
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 // Sanitizers need more memory than the limit, so that there is none with them.
 TEST_F(DecoderTest, EatenMemoryCostsOnlyTheFilesOwnValue) {
-    Decoder decoder(unruly);
+    MetadataDecoder decoder(unruly);
     EXPECT_EQ(dateFrom(decoder, "before"), "before");
     EXPECT_EQ(dateFrom(decoder, "eat"), std::nullopt);
     EXPECT_EQ(dateFrom(decoder, "after"), "after");
@@ -90,7 +134,7 @@ TEST_F(DecoderTest, EatenMemoryCostsOnlyTheFilesOwnValue) {
 #endif
 
 TEST_F(DecoderTest, AProcessKilledInTheMiddleOfARequestIsReplaced) {
-    Decoder decoder(unruly);
+    MetadataDecoder decoder(unruly);
     EXPECT_EQ(dateFrom(decoder, "before"), "before");
     const auto process = childrenOfThisProcess().running.at(0);
     std::thread killer([&] {
@@ -104,7 +148,7 @@ TEST_F(DecoderTest, AProcessKilledInTheMiddleOfARequestIsReplaced) {
 }
 
 TEST_F(DecoderTest, AProcessKilledBetweenRequestsCostsTheNextFileAtMost) {
-    Decoder decoder(unruly);
+    MetadataDecoder decoder(unruly);
     EXPECT_EQ(dateFrom(decoder, "before"), "before");
     const auto process = childrenOfThisProcess().running.at(0);
     ::kill(process, SIGKILL);
@@ -114,7 +158,7 @@ TEST_F(DecoderTest, AProcessKilledBetweenRequestsCostsTheNextFileAtMost) {
 }
 
 TEST_F(DecoderTest, TenThousandRequestsAndAHundredDeathsLeaveNothingBehind) {
-    Decoder decoder(unruly);
+    MetadataDecoder decoder(unruly);
     const auto good = folder.write("good", "good");
     const auto bad = folder.write("bad", "crash");
     constexpr int kRequests = 10'000;
@@ -134,14 +178,14 @@ TEST_F(DecoderTest, TenThousandRequestsAndAHundredDeathsLeaveNothingBehind) {
 TEST_F(DecoderTest, AProgramThatCannotStartGivesNoValues) {
     for (const auto& program : {folder / "missing", std::string("/bin/true"), folder.write("no program", "text")}) {
         SCOPED_TRACE(program);
-        Decoder decoder(program);
+        MetadataDecoder decoder(program);
         for (int i = 0; i < 10; ++i)
             EXPECT_EQ(tell(decoder, "word"), std::nullopt);
     }
 }
 
 TEST_F(DecoderTest, WhatIsNoRegularFileHasNoMetadata) {
-    Decoder decoder(testing::decoderProgram());
+    MetadataDecoder decoder(testing::decoderProgram());
     const auto pipe = folder / "pipe.jpg";
     ASSERT_EQ(::mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR), 0);
     EXPECT_EQ(read(decoder, pipe), MediaMetadata{});
@@ -151,7 +195,7 @@ TEST_F(DecoderTest, WhatIsNoRegularFileHasNoMetadata) {
 }
 
 TEST_F(DecoderTest, TheWholeFileIsReadWhereverItWasReadTo) {
-    Decoder decoder(unruly);
+    MetadataDecoder decoder(unruly);
     const auto file = disk.openForReading(folder.write("file", "whole"), true);
     std::array<std::byte, 3> read{};
     ASSERT_TRUE((*file)->read(read).has_value());
@@ -160,7 +204,7 @@ TEST_F(DecoderTest, TheWholeFileIsReadWhereverItWasReadTo) {
 
 TEST_F(DecoderTest, AFileCutShortUnderTheReaderCostsOnlyItsOwnValue) {
     // The tail of the last page behind the end of the file can be read, whole pages behind it cannot.
-    Decoder decoder(testing::decoderProgram());
+    MetadataDecoder decoder(testing::decoderProgram());
     const auto path = folder.write("cut.tif", std::string("II*\0\0\0\x10\0", 8) + std::string(2U << 20U, '\0'));
     const auto file = disk.openForReading(path, true);
     ASSERT_TRUE(file.has_value());

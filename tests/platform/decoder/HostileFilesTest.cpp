@@ -8,7 +8,7 @@
 #include <unistd.h>
 
 #include "platform/LinuxFileSystem.h"
-#include "platform/decoder/Decoder.h"
+#include "platform/decoder/MetadataDecoder.h"
 #include "support/DecoderProgram.h"
 #include "support/MediaFiles.h"
 #include "support/ProcessCensus.h"
@@ -59,7 +59,7 @@ protected:
 
     testing::TemporaryFolder folder;
     LinuxFileSystem disk;
-    Decoder decoder{testing::decoderProgram()};
+    MetadataDecoder decoder{testing::decoderProgram()};
 };
 
 std::string bigEndian(std::uint32_t number) {

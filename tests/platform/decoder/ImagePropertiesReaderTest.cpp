@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/decoder/worker/HeifExif.h"
-#include "platform/decoder/worker/ImagePropertiesReader.h"
+#include "platform/decoder/worker/HeifFile.h"
+#include "platform/decoder/worker/OpenImage.h"
+#include "platform/decoder/worker/metadata/HeifExif.h"
+#include "platform/decoder/worker/metadata/ImagePropertiesReader.h"
 #include "support/MediaFiles.h"
 #include "support/TemporaryFolder.h"
 
@@ -19,7 +21,7 @@ std::span<const std::byte> bytesOf(const std::string& content) {
 
 class ImagePropertiesReader : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { prepareImageLibraries(); }
+    static void SetUpTestSuite() { prepareImageLibrary(); }
 
     static ImageProperties propertiesOf(const std::string& path) {
         return readImageProperties(bytesOf(contentOf(path)));

@@ -15,13 +15,6 @@ MediaMetadata everything() {
                       .formats = {{"mov,mp4", {"one", "", "three"}}, {"empty", {}}}}};
 }
 
-TEST(MetadataMessages, AKindTravelsInARequest) {
-    for (const auto kind : {MediaKind::image, MediaKind::video})
-        EXPECT_EQ(kindFromRequest(metadataRequest(kind)), kind);
-    for (const auto& bytes : {MessageBytes{}, MessageBytes{'x'}, MessageBytes{'i', 'i'}})
-        EXPECT_EQ(kindFromRequest(bytes), std::nullopt);
-}
-
 TEST(MetadataMessages, AnAnswerCarriesEveryFieldAndEveryByte) {
     EXPECT_EQ(metadataFromAnswer(metadataAnswer(everything())), everything());
     EXPECT_EQ(metadataFromAnswer(metadataAnswer({})), MediaMetadata{});

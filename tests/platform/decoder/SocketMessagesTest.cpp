@@ -1,5 +1,7 @@
 #include <array>
 #include <cerrno>
+#include <string>
+#include <vector>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -21,6 +23,16 @@ protected:
     int there = ends.second.get();
 };
 
+std::vector<std::string> contentsOf(const std::vector<FileDescriptor>& files) {
+    std::vector<std::string> contents;
+    for (const auto& file : files) {
+        std::array<char, 8> content{};
+        const auto length = ::pread(file.get(), content.data(), content.size(), 0);
+        contents.emplace_back(content.data(), static_cast<std::size_t>(length));
+    }
+    return contents;
+}
+
 TEST_F(SocketMessages, MessagesComeOneByOneInTheirOrder) {
     const MessageBytes whole(kMostBytesOfMessage, 7);
     ASSERT_TRUE(sendMessage(here, {1, 2, 3}));
@@ -29,22 +41,28 @@ TEST_F(SocketMessages, MessagesComeOneByOneInTheirOrder) {
     EXPECT_EQ(receiveMessage(there).value()->bytes, whole);
 }
 
-TEST_F(SocketMessages, AnOpenFileTravelsWithAMessage) {
+TEST_F(SocketMessages, OpenFilesTravelWithAMessageInTheirOrder) {
     const testing::TemporaryFolder folder;
-    const FileDescriptor file(::open(folder.write("a", "text").c_str(), O_RDONLY | O_CLOEXEC));
-    ASSERT_TRUE(sendMessage(here, {1}, file.get()));
+    const FileDescriptor first(::open(folder.write("a", "one").c_str(), O_RDONLY | O_CLOEXEC));
+    const FileDescriptor second(::open(folder.write("b", "two").c_str(), O_RDONLY | O_CLOEXEC));
+    ASSERT_TRUE(sendMessage(here, {1}, std::array{first.get()}));
+    ASSERT_TRUE(sendMessage(here, {2}, std::array{second.get(), first.get()}));
+    EXPECT_EQ(contentsOf(receiveMessage(there).value()->descriptors), (std::vector<std::string>{"one"}));
+    EXPECT_EQ(contentsOf(receiveMessage(there).value()->descriptors), (std::vector<std::string>{"two", "one"}));
+}
+
+TEST_F(SocketMessages, AFileThatTravelledIsNotInheritedByPrograms) {
+    const FileDescriptor file(::open("/dev/null", O_RDONLY));
+    ASSERT_TRUE(sendMessage(here, {1}, std::array{file.get()}));
     const auto message = receiveMessage(there).value();
-    ASSERT_TRUE(message->descriptor.isOpen());
-    EXPECT_NE(message->descriptor.get(), file.get());
-    EXPECT_NE(::fcntl(message->descriptor.get(), F_GETFD) & FD_CLOEXEC, 0);
-    std::array<char, 8> content{};
-    EXPECT_EQ(::read(message->descriptor.get(), content.data(), content.size()), 4);
-    EXPECT_STREQ(content.data(), "text");
+    ASSERT_EQ(message->descriptors.size(), 1U);
+    EXPECT_NE(message->descriptors[0].get(), file.get());
+    EXPECT_NE(::fcntl(message->descriptors[0].get(), F_GETFD) & FD_CLOEXEC, 0);
 }
 
 TEST_F(SocketMessages, AMessageWithoutAFileBringsNone) {
     ASSERT_TRUE(sendMessage(here, {1}));
-    EXPECT_FALSE(receiveMessage(there).value()->descriptor.isOpen());
+    EXPECT_TRUE(receiveMessage(there).value()->descriptors.empty());
 }
 
 TEST_F(SocketMessages, TheOtherEndsCloseIsTheEnd) {

@@ -2,8 +2,10 @@
 //
 //   crash, exit, compute, sleep, stop, eat, throw     what it sounds like
 //   babble       answers, but with bytes that are no answer
+//   threads      computes for a second, in another thread than the first
 //   anything     is what the file answers as its date
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
@@ -11,11 +13,14 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include <unistd.h>
 
 #include "platform/decoder/DecoderSocket.h"
+#include "platform/decoder/MetadataMessages.h"
+#include "platform/decoder/PixelMessages.h"
 #include "platform/decoder/SocketMessages.h"
 #include "platform/decoder/worker/Confinement.h"
 #include "platform/decoder/worker/RequestLoop.h"
@@ -27,6 +32,13 @@ void computeForEver() {
     volatile unsigned steps = 0;
     while (true)
         steps = steps + 1;
+}
+
+void computeForASecond() {
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::seconds(1);
+    while (Clock::now() < end)
+        continue;
 }
 
 void sleepForEver() {
@@ -51,6 +63,7 @@ MediaMetadata behaveAs(std::string_view word) {
     if (word == "sleep") sleepForEver();
     if (word == "stop") std::raise(SIGSTOP);
     if (word == "eat") eatMemory();
+    if (word == "threads") std::thread(computeForASecond).join();
     if (word == "throw") throw std::runtime_error("no good file");
     if (word == "babble") static_cast<void>(sendMessage(kDecoderSocket, {0xff, 0x00, 0xff}));
     return {.image = {.dateTimeOriginal = std::string(word),
@@ -61,8 +74,38 @@ MediaMetadata behaveAs(std::string_view word) {
             .video = {}};
 }
 
-MediaMetadata metadataOf(MediaKind /*kind*/, std::span<const std::byte> file) {
-    return behaveAs({reinterpret_cast<const char*>(file.data()), file.size()});
+std::string_view wordIn(const RequestedFile& file) {
+    return {reinterpret_cast<const char*>(file.content.data()), file.content.size()};
+}
+
+MessageBytes metadata(const RequestedFile& file) {
+    return metadataAnswer(behaveAs(wordIn(file)));
+}
+
+// The word's first letter is the colour of the whole raster.
+MessageBytes raster(const RequestedFile& file) {
+    static_cast<void>(behaveAs(wordIn(file)));
+    GreyRaster raster;
+    raster.pixels.fill(static_cast<std::uint8_t>(wordIn(file).front()));
+    return rasterAnswer(raster);
+}
+
+// The word itself is the picture. Then it lies in wait to take it away again.
+MessageBytes picture(const RequestedFile& file) {
+    const auto word = wordIn(file);
+    static_cast<void>(behaveAs(word));
+    static_cast<void>(::write(file.output, word.data(), word.size()));
+    static_cast<void>(::ftruncate(file.output, 0));
+    return pictureWrittenAnswer();
+}
+
+constexpr std::size_t kMostMemory = std::size_t{1} << 30U;
+
+RequestHandlers handlers() {
+    using namespace std::chrono_literals;
+    return {{DecoderRequest::imageMetadata, {700ms, metadata}},
+            {DecoderRequest::greyRaster, {2s, raster}},
+            {DecoderRequest::jpeg, {2s, picture}}};
 }
 
 }  // namespace
@@ -70,7 +113,7 @@ MediaMetadata metadataOf(MediaKind /*kind*/, std::span<const std::byte> file) {
 
 int main() {
     using namespace vellomar;
-    if (!limitResources() || !confine()) return 1;
-    serveRequests(kDecoderSocket, metadataOf);
+    if (!limitResources(kMostMemory) || !confine()) return 1;
+    serveRequests(kDecoderSocket, handlers());
     _exit(0);
 }

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/decoder/worker/VideoMetadataReader.h"
+#include "platform/decoder/worker/metadata/VideoMetadataReader.h"
 #include "support/MediaFiles.h"
 #include "support/RunTool.h"
 #include "support/TemporaryFolder.h"

@@ -23,7 +23,7 @@ constexpr bool kIsSanitized = true;
 constexpr bool kIsSanitized = false;
 #endif
 
-constexpr rlim_t kMostMemory = rlim_t{1} << 30U;
+constexpr rlim_t kMostOutput = rlim_t{1} << 29U;
 constexpr rlim_t kMostOpenFiles = 64;
 
 // What decoding takes: memory, threads, clocks, and reading and writing what is open.
@@ -129,10 +129,11 @@ Expected<void> dropPrivileges() {
 
 }  // namespace
 
-Expected<void> limitResources() {
+Expected<void> limitResources(std::size_t mostMemory) {
     if (!kIsSanitized)
-        if (auto limited = lowerLimit(RLIMIT_DATA, kMostMemory); !limited) return limited;
+        if (auto limited = lowerLimit(RLIMIT_DATA, mostMemory); !limited) return limited;
     if (auto limited = lowerLimit(RLIMIT_NOFILE, kMostOpenFiles); !limited) return limited;
+    if (auto limited = lowerLimit(RLIMIT_FSIZE, kMostOutput); !limited) return limited;
     return lowerLimit(RLIMIT_CORE, 0);
 }
 

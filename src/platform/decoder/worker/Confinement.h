@@ -2,13 +2,16 @@
 // still can.
 #pragma once
 
+#include <cstddef>
+
 #include "platform/Error.h"
 
 namespace vellomar {
 
-// At most 1 GiB of memory of its own (a mapped file does not count), few open files, no core dump with parts of a
-// private photo in it. Sanitizers need more memory than that, so there is no limit to it with them.
-[[nodiscard]] Expected<void> limitResources();
+// At most `mostMemory` bytes of its own (a mapped file does not count) and 512 MiB of each picture that it writes, few
+// open files, no core dump with parts of a private photo in it. Sanitizers need more
+// memory than that, so there is no limit to it with them.
+[[nodiscard]] Expected<void> limitResources(std::size_t mostMemory);
 
 // From here on the process computes, and talks over what it has open: it opens no file, reaches no network, starts no
 // program, sends no signal to others, and has no privileges, even when root started it. What it must not do fails with

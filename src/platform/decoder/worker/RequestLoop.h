@@ -1,19 +1,33 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
+#include <map>
 #include <span>
 
-#include "platform/decoder/MediaMetadata.h"
+#include "platform/decoder/DecoderRequest.h"
 
 namespace vellomar {
 
-// Reads the metadata from the whole content of a file.
-using MetadataRead = std::function<MediaMetadata(MediaKind kind, std::span<const std::byte> file)>;
+// A file to be read.
+struct RequestedFile {
+    DecoderRequest request;
+    std::span<const std::byte> content;
+    int output = -1;  // open file to write to; negative when none came with the request
+};
 
-// Says over `socket` that this process is ready, then answers one request after the other with what `read` finds, until
-// the other side is gone. A request is answered whatever `read` throws; but one that takes more than 0.7 seconds of
-// computing ends the process by a signal.
-void serveRequests(int socket, const MetadataRead& read);
+// What answers requests of one kind.
+struct RequestHandler {
+    std::chrono::microseconds mostComputing;  // in all threads together
+    std::function<MessageBytes(const RequestedFile& file)> answer;
+};
+
+using RequestHandlers = std::map<DecoderRequest, RequestHandler>;
+
+// Says over `socket` that this process is ready, then answers one request after the other as `handlers` do, until the
+// other side is gone. A request that no handler is for, or whose handler throws, has no value; one that takes more
+// computing than it may ends the process by a signal.
+void serveRequests(int socket, const RequestHandlers& handlers);
 
 }  // namespace vellomar

@@ -1,19 +1,20 @@
-#include "platform/decoder/Decoder.h"
+#include "platform/decoder/DecoderProcess.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdio>
+#include <memory>
+#include <string_view>
 #include <utility>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <fmt/format.h>
 #include <poll.h>
 #include <unistd.h>
 
 #include "platform/decoder/DecoderSocket.h"
-#include "platform/decoder/MetadataMessages.h"
 #include "platform/decoder/SocketMessages.h"
 
 namespace vellomar {
@@ -23,9 +24,9 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr auto kMostForStart = 10s;
-constexpr auto kMostForAnswer = 800ms;
-constexpr auto kMostForSlowDisk = 30s;
+constexpr auto kMostWithoutLooking = 800ms;
 constexpr auto kBetweenLooks = 50ms;
+constexpr int kMostIdleLooks = 3;  // in a row, as threads that hand over to each other may all seem idle
 constexpr auto kMostForDying = 100ms;
 constexpr int kMostFailedStarts = 3;
 
@@ -40,10 +41,11 @@ bool hasNewsBy(int socket, Clock::time_point deadline) {
     }
 }
 
-// The letter by which the kernel tells what a process does: R it computes or would, D it waits for a disk, S it waits
-// for something else, T somebody stopped it, and so on. '?' when there is no such process.
-char stateOf(pid_t process) {
-    const FileDescriptor file(::open(fmt::format("/proc/{}/stat", process).c_str(), O_RDONLY | O_CLOEXEC));
+// The letter by which the kernel tells what a thread does: R it computes or would, D it waits for a disk, S it waits
+// for something else, T somebody stopped it, and so on. '?' when there is no such thread. `path` is that of its "stat"
+// file.
+char stateIn(const std::string& path) {
+    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     std::array<char, 256> text{};
     const auto length = ::read(file.get(), text.data(), text.size());
     if (length <= 0) return '?';
@@ -54,17 +56,25 @@ char stateOf(pid_t process) {
 }
 
 // A process that computes ends itself when it has done so for too long; on a busy machine that may take a while. One
-// that waits for a disk will get its data.
-bool isWorthWaitingFor(pid_t process) {
-    const char state = stateOf(process);
-    return state == 'R' || state == 'D';
+// that waits for a disk will get its data. Its first thread may do neither while others work for it.
+bool isAtWork(pid_t process) {
+    const auto threads = fmt::format("/proc/{}/task", process);
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(threads.c_str()), ::closedir);
+    if (!listing) return false;
+    while (const auto* thread = ::readdir(listing.get())) {
+        const char state = stateIn(fmt::format("{}/{}/stat", threads, thread->d_name));
+        if (state == 'R' || state == 'D') return true;
+    }
+    return false;
 }
 
-bool hasAnswerInTime(int socket, pid_t process) {
+bool hasAnswerInTime(int socket, pid_t process, std::chrono::milliseconds mostInAll) {
     const auto start = Clock::now();
-    if (hasNewsBy(socket, start + kMostForAnswer)) return true;
-    while (Clock::now() < start + kMostForSlowDisk && isWorthWaitingFor(process))
+    if (hasNewsBy(socket, start + kMostWithoutLooking)) return true;
+    for (int idleLooks = 0; idleLooks < kMostIdleLooks && Clock::now() < start + mostInAll;) {
+        idleLooks = isAtWork(process) ? 0 : idleLooks + 1;
         if (hasNewsBy(socket, Clock::now() + kBetweenLooks)) return true;
+    }
     return false;
 }
 
@@ -81,22 +91,26 @@ Expected<ChildProcess> startWith(const std::string& program, FileDescriptor thei
 
 }  // namespace
 
-Decoder::~Decoder() {
+DecoderProcess::~DecoderProcess() {
     dropWorker();
 }
 
-std::optional<MediaMetadata> Decoder::readMetadata(InputFile& file, MediaKind kind) {
+std::optional<MessageBytes> DecoderProcess::answerTo(DecoderRequest request, std::span<const int> descriptors) {
     if (!ensureStarted()) return std::nullopt;
-    const int socket = worker_->socket.get();
-    std::optional<MediaMetadata> metadata;
-    if (sendMessage(socket, metadataRequest(kind), file.descriptor()) && hasAnswerInTime(socket, worker_->process.id()))
-        if (const auto answer = messageFrom(socket)) metadata = metadataFromAnswer(*answer);
+    std::optional<MessageBytes> answer;
+    if (sendMessage(worker_->socket.get(), requestMessage(request), descriptors)) answer = answerInTime();
     // What is no answer to this request must not be taken for one to the next.
-    if (!metadata) dropWorker();
-    return metadata;
+    if (!answer) dropWorker();
+    return answer;
 }
 
-bool Decoder::ensureStarted() {
+std::optional<MessageBytes> DecoderProcess::answerInTime() const {
+    const int socket = worker_->socket.get();
+    if (!hasAnswerInTime(socket, worker_->process.id(), mostTime_)) return std::nullopt;
+    return messageFrom(socket);
+}
+
+bool DecoderProcess::ensureStarted() {
     if (worker_) return true;
     // A program that cannot even start, because it is missing or a library of it is, would be tried for every file.
     if (failedStarts_ >= kMostFailedStarts) return false;
@@ -110,7 +124,7 @@ bool Decoder::ensureStarted() {
     return true;
 }
 
-std::optional<Decoder::Worker> Decoder::startWorker() const {
+std::optional<DecoderProcess::Worker> DecoderProcess::startWorker() const {
     auto sockets = connectedSockets();
     if (!sockets) return std::nullopt;
     auto process = startWith(program_, std::move(sockets->second));
@@ -121,7 +135,7 @@ std::optional<Decoder::Worker> Decoder::startWorker() const {
     return std::nullopt;
 }
 
-void Decoder::dropWorker() {
+void DecoderProcess::dropWorker() {
     if (!worker_) return;
     // It holds nothing that an orderly end would save. One that waits for a dead disk cannot even be killed: it goes
     // when the disk answers, and is waited for elsewhere.

@@ -1,4 +1,4 @@
-#include "platform/decoder/worker/VideoMetadataReader.h"
+#include "platform/decoder/worker/metadata/VideoMetadataReader.h"
 
 #include <algorithm>
 #include <array>

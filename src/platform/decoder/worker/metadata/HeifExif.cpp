@@ -1,30 +1,17 @@
-#include "platform/decoder/worker/HeifExif.h"
+#include "platform/decoder/worker/metadata/HeifExif.h"
 
 #include <algorithm>
 #include <cstdint>
-#include <memory>
 
 #include <libheif/heif.h>
+
+#include "platform/decoder/worker/HeifFile.h"
 
 namespace vellomar {
 namespace {
 
-constexpr std::size_t kEnoughToTellTheType = 12;
 constexpr std::size_t kOffsetLength = 4;
 constexpr std::size_t kMostBytesOfExif = 16U << 20U;
-
-using Context = std::unique_ptr<heif_context, decltype(&heif_context_free)>;
-using ImageHandle = std::unique_ptr<heif_image_handle, decltype(&heif_image_handle_release)>;
-
-bool succeeded(const heif_error& error) {
-    return error.code == heif_error_Ok;
-}
-
-ImageHandle primaryImage(heif_context* context) {
-    heif_image_handle* handle = nullptr;
-    if (!succeeded(heif_context_get_primary_image_handle(context, &handle))) handle = nullptr;
-    return {handle, heif_image_handle_release};
-}
 
 std::vector<std::byte> firstExifOf(const heif_image_handle* image) {
     heif_item_id id = 0;
@@ -50,19 +37,10 @@ std::vector<std::byte> fromByteOrderMark(std::vector<std::byte> block) {
 
 }  // namespace
 
-bool isHeif(std::span<const std::byte> file) {
-    if (file.size() < kEnoughToTellTheType) return false;
-    const auto* start = reinterpret_cast<const std::uint8_t*>(file.data());
-    return heif_check_filetype(start, static_cast<int>(kEnoughToTellTheType)) != heif_filetype_no;
-}
-
 std::vector<std::byte> exifBlockOfHeif(std::span<const std::byte> file) {
-    const Context context(heif_context_alloc(), heif_context_free);
-    const auto read = heif_context_read_from_memory_without_copy(context.get(), file.data(), file.size(), nullptr);
-    if (!succeeded(read)) return {};
-    const auto image = primaryImage(context.get());
-    if (!image) return {};
-    return fromByteOrderMark(firstExifOf(image.get()));
+    const HeifFile heif(file);
+    if (heif.firstImage() == nullptr) return {};
+    return fromByteOrderMark(firstExifOf(heif.firstImage()));
 }
 
 }  // namespace vellomar

@@ -1,4 +1,4 @@
-#include "platform/decoder/worker/ImagePropertiesReader.h"
+#include "platform/decoder/worker/metadata/ImagePropertiesReader.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -9,7 +9,9 @@
 
 #include <exiv2/exiv2.hpp>
 
-#include "platform/decoder/worker/HeifExif.h"
+#include "platform/decoder/worker/HeifFile.h"
+#include "platform/decoder/worker/OpenImage.h"
+#include "platform/decoder/worker/metadata/HeifExif.h"
 
 namespace vellomar {
 namespace {
@@ -56,21 +58,10 @@ const Exiv2::byte* bytesOf(std::span<const std::byte> data) {
     return reinterpret_cast<const Exiv2::byte*>(data.data());
 }
 
-// What was read before a broken file made the library give up is as good as the rest: a RAW file whose end is missing
-// still tells when it was shot.
-void readAsFarAsPossible(Exiv2::Image& image) {
-    try {
-        image.readMetadata();
-    } catch (const std::exception&) {
-        return;
-    }
-}
-
 ImageProperties readWithExiv2(std::span<const std::byte> file) {
-    const auto image = Exiv2::ImageFactory::open(bytesOf(file), static_cast<long>(file.size()));
+    const auto image = openImage(file);
     // A sidecar is read elsewhere, and by other rules.
-    if (image.get() == nullptr || image->imageType() == Exiv2::ImageType::xmp) return {};
-    readAsFarAsPossible(*image);
+    if (!image || image->imageType() == Exiv2::ImageType::xmp) return {};
     return propertiesOf(image->exifData());
 }
 
@@ -92,12 +83,6 @@ ImageProperties valueOrNothing(Read read) {
 }
 
 }  // namespace
-
-void prepareImageLibraries() {
-    Exiv2::LogMsg::setLevel(Exiv2::LogMsg::mute);
-    Exiv2::XmpParser::initialize();
-    Exiv2::enableBMFF(true);
-}
 
 ImageProperties readImageProperties(std::span<const std::byte> file) {
     if (file.empty()) return {};

@@ -1,0 +1,22 @@
+#include "platform/decoder/MetadataDecoder.h"
+
+#include <array>
+#include <utility>
+
+#include "platform/decoder/MetadataMessages.h"
+
+namespace vellomar {
+namespace {
+
+constexpr std::chrono::seconds kMostTime{30};
+
+}  // namespace
+
+MetadataDecoder::MetadataDecoder(std::string program) : process_(std::move(program), kMostTime) {}
+
+std::optional<MediaMetadata> MetadataDecoder::readMetadata(InputFile& file, MediaKind kind) {
+    const auto request = kind == MediaKind::image ? DecoderRequest::imageMetadata : DecoderRequest::videoMetadata;
+    return process_.ask<MediaMetadata>(request, std::array{file.descriptor()}, metadataFromAnswer);
+}
+
+}  // namespace vellomar

@@ -1,0 +1,32 @@
+#include "platform/decoder/PixelDecoder.h"
+
+#include <array>
+#include <utility>
+
+#include "platform/decoder/PixelMessages.h"
+
+namespace vellomar {
+namespace {
+
+constexpr std::chrono::seconds kMostTime{120};
+
+}  // namespace
+
+PixelDecoder::PixelDecoder(std::string program) : process_(std::move(program), kMostTime) {}
+
+std::optional<GreyRaster> PixelDecoder::readGreyRaster(InputFile& file) {
+    return process_.ask<GreyRaster>(DecoderRequest::greyRaster, std::array{file.descriptor()}, rasterFromAnswer);
+}
+
+std::optional<SharedMemory> PixelDecoder::convertToJpeg(InputFile& file) {
+    auto memory = SharedMemory::create();
+    if (!memory) return std::nullopt;
+    const auto pictureFrom = [&](const MessageBytes& answer) -> std::optional<SharedMemory> {
+        if (answer != pictureWrittenAnswer()) return std::nullopt;
+        return *std::move(memory);
+    };
+    return process_.ask<SharedMemory>(DecoderRequest::jpeg, std::array{file.descriptor(), memory->descriptor()},
+                                      pictureFrom);
+}
+
+}  // namespace vellomar
