@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "dates/ExifTool.h"
 #include "dates/MetadataReader.h"
 #include "platform/Clock.h"
@@ -21,6 +23,7 @@ struct EngineServices {
     const UserDefaults& userDefaults;
     const ExifUtils::ExifTool& exifTool;
     MetadataReaders& metadataReaders;
+    std::string pixelDecoderProgram;  // path of the executable that decodes pictures
 };
 
 }  // namespace vellomar

@@ -46,7 +46,8 @@ FileLoop::FileLoop(const RunContext& context, RunState& state, std::vector<Folde
       sizes_(filesToHash(context, state)),
       metadataReader_(context.services.metadataReaders.open()),
       progress_(state.startTime),
-      transfer_(context, state) {}
+      pixels_(context.services.pixelDecoderProgram),
+      transfer_(context, state, pixels_) {}
 
 void FileLoop::run() {
     const auto total = state_.files.size();

@@ -15,6 +15,7 @@
 #include "engine/model/DecisionResult.h"
 #include "engine/model/PlanRow.h"
 #include "naming/FolderRenameRule.h"
+#include "platform/decoder/PixelDecoder.h"
 
 namespace vellomar {
 
@@ -53,6 +54,7 @@ private:
     FolderEvidenceCache folderEvidence_;
     SiblingYears siblingYears_;
     RunProgress progress_;
+    PixelDecoder pixels_;
     FileTransfer transfer_;
     std::vector<PlanRow> pendingRows_;
 };

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "engine/BufferedCopy.h"
+#include "engine/PostCopy.h"
 #include "platform/FileCopy.h"
 #include "platform/FreeName.h"
 #include "platform/Path.h"
@@ -111,6 +112,7 @@ void FileTransfer::copy(const Road& road) {
     }
     if (options.syncFSDates) static_cast<void>(disk().setModificationDate(road.destination, road.decision.dateUsed));
     if (options.moveSidecars) copySidecars(road);
+    changeCopy(road);
     record(road, UndoEntry::OpType::copy, std::move(hash));
     context_.appendLog(fmt::format("✓ Copied: {} → {}", road.name, road.destination));
 }
@@ -205,6 +207,33 @@ bool FileTransfer::copySidecar(const std::string& sidecar, const std::string& ta
     if (copyFile(disk(), sidecar, partial) && disk().renameWithoutReplacing(partial, target)) return true;
     removePartial(partial);
     return false;
+}
+
+// What is changed is what stands at the destination, as everywhere on the road; but never the source, which is the same
+// file when a folder is sorted into itself.
+void FileTransfer::changeCopy(const Road& road) {
+    const auto& options = context_.options();
+    const bool isAsked = options.convertHEICToJPEG || options.stripAllMetadata || options.stripGPS;
+    if (!isAsked || isSameFile(disk(), road.source, road.destination)) return;
+    if (options.convertHEICToJPEG && isConvertibleToJpeg(road.destination)) convertToJpeg(road);
+    stripMetadata(road);
+}
+
+void FileTransfer::convertToJpeg(const Road& road) {
+    const auto jpeg = convertHeicToJpeg(disk(), pixels_, road.destination);
+    if (!jpeg) return;  // the copy is as good as it was, and stays
+    static_cast<void>(disk().removeFile(road.destination));
+    context_.appendLog("  ↳ HEIC→JPEG: " + std::string(lastPathComponent(*jpeg)));
+}
+
+// A file that ExifTool cannot change stays as it is. That goes for a converted one too: it is not there any more.
+void FileTransfer::stripMetadata(const Road& road) {
+    const auto& options = context_.options();
+    const auto& exifTool = context_.services.exifTool;
+    if (options.stripAllMetadata)
+        static_cast<void>(stripAllMetadataTags(exifTool, road.destination));
+    else if (options.stripGPS)
+        static_cast<void>(stripGpsMetadata(exifTool, road.destination));
 }
 
 void FileTransfer::logCopyFailure(const Road& road, const Error& error) {

@@ -9,6 +9,7 @@
 #include "engine/model/TaggedFile.h"
 #include "platform/Error.h"
 #include "platform/FileDigest.h"
+#include "platform/decoder/PixelDecoder.h"
 
 namespace vellomar {
 
@@ -22,7 +23,9 @@ namespace vellomar {
 // file. On the run's thread.
 class FileTransfer {
 public:
-    FileTransfer(const RunContext& context, RunState& state) : context_(context), state_(state) {}
+    // `pixels` converts pictures; all must outlive this object.
+    FileTransfer(const RunContext& context, RunState& state, PixelDecoder& pixels)
+        : context_(context), state_(state), pixels_(pixels) {}
 
     // One file's whole road. What was done is added to the run's manifest.
     void transferFile(const TaggedFile& file, const DecisionResult& decision, const std::string& finalDestination);
@@ -53,6 +56,9 @@ private:
     void reportMismatch(const Road& road, std::string_view sourceHash, std::string_view destinationHash);
     void copySidecars(const Road& road);
     [[nodiscard]] bool copySidecar(const std::string& sidecar, const std::string& target);
+    void changeCopy(const Road& road);
+    void convertToJpeg(const Road& road);
+    void stripMetadata(const Road& road);
     void logCopyFailure(const Road& road, const Error& error);
     void record(const Road& road, UndoEntry::OpType op, std::optional<std::string> sha256);
 
@@ -64,6 +70,7 @@ private:
 
     const RunContext& context_;
     RunState& state_;
+    PixelDecoder& pixels_;
 };
 
 }  // namespace vellomar

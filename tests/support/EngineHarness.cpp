@@ -62,7 +62,9 @@ EngineServices EngineHarness::servicesFor(const Setup& setup) {
     const Clock& clock = setup.clock != nullptr ? *setup.clock : systemClock;
     const auto& exifTool = setup.exifTool != nullptr ? *setup.exifTool : systemExifTool;
     MetadataReaders& readers = setup.metadataReaders != nullptr ? *setup.metadataReaders : realMetadataReaders;
-    return {mainActor, fileSystem, clock, notifications, sleepInhibitor, userDefaults, exifTool, readers};
+    return {mainActor,     fileSystem,     clock,
+            notifications, sleepInhibitor, userDefaults,
+            exifTool,      readers,        setup.pixelDecoderProgram};
 }
 
 void EngineHarness::run(const std::vector<std::string>& sources, const std::string& dest, const Options& options) {

@@ -85,6 +85,7 @@ public:
         const ExifUtils::ExifTool* exifTool = nullptr;  // the system's by default
         MetadataReaders* metadataReaders = nullptr;     // real ones by default
         bool secretFloppyMode = false;
+        std::string pixelDecoderProgram = testing::pixelDecoderProgram();
     };
 
     EngineHarness() : EngineHarness(Setup{}) {}
