@@ -29,6 +29,10 @@ namespace vellomar::bench {
 [[nodiscard]] std::vector<Result> benchmarkReading(const Arguments& arguments);
 [[nodiscard]] std::vector<Result> benchmarkRequests(const Arguments& arguments);
 
+// The perceptual hash of pictures of 24 megapixels, the decoder's process included, against a bare program that decodes
+// their luma.
+[[nodiscard]] std::vector<Result> benchmarkPictures(const Arguments& arguments);
+
 // `count` files of a corpus at full size, at the size that `arguments` ask for; not less than `least`.
 [[nodiscard]] std::size_t scaled(const Arguments& arguments, std::size_t count, std::size_t least);
 

@@ -175,6 +175,20 @@ std::vector<std::string> makeTaggedPhotos(const std::string& folder, std::size_t
     return paths;
 }
 
+std::vector<std::string> makePictures(const std::string& folder, std::size_t fileCount) {
+    std::vector<std::string> paths;
+    for (std::size_t number = 0; number < fileCount; ++number)
+        paths.push_back(fmt::format("{}/{}", folder, photoName(number)));
+    // Clouds with a grain, which takes about as many bytes as a photo.
+    runShell(
+        fmt::format("convert -seed 5 -size 6000x4000 plasma:white-blue -attenuate 0.1 +noise Gaussian "
+                    "-sampling-factor 2x2 -quality 92 '{}'",
+                    paths.front()));
+    for (std::size_t number = 1; number < fileCount; ++number)
+        fs::copy_file(paths.front(), paths[number]);
+    return paths;
+}
+
 void makeFile(const std::string& path, std::uint64_t size) {
     constexpr std::uint64_t kPiece = 1024 * 1024;
     Noise noise(3);

@@ -21,6 +21,9 @@ void makePhotosWithDuplicates(const std::string& folder, std::size_t fileCount);
 // their paths. Needs ImageMagick and ExifTool.
 std::vector<std::string> makeTaggedPhotos(const std::string& folder, std::size_t fileCount);
 
+// `fileCount` JPEG pictures of 24 megapixels, as a camera writes them. Returns their paths. Needs ImageMagick.
+std::vector<std::string> makePictures(const std::string& folder, std::size_t fileCount);
+
 // One file that nothing could compress.
 void makeFile(const std::string& path, std::uint64_t size);
 

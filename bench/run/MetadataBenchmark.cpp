@@ -76,4 +76,15 @@ std::vector<Result> benchmarkRequests(const Arguments& arguments) {
     return {requestCost(compare(arguments.rounds, inProcess, byDecoder))};
 }
 
+std::vector<Result> benchmarkPictures(const Arguments& arguments) {
+    const WorkFolder work(arguments.keepsFolders);
+    const auto list = work / "list";
+    writeList(list, makePictures(work.path(), scaled(arguments, 20, 3)));
+    const auto bareDecoding = [&] { return runProgram("floor_pixels", {list}); };
+    const auto hashes = [&] { return runProgram("engine_task", {"hash-pictures", list}); };
+    static_cast<void>(bareDecoding());  // warms the page cache
+    const auto rounds = compare(arguments.rounds, bareDecoding, hashes);
+    return {comparedWithFloor("perceptual-hash", timeRatios(rounds), 1.1, timesText(rounds))};
+}
+
 }  // namespace vellomar::bench

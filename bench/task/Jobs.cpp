@@ -132,6 +132,7 @@ const std::map<std::string_view, Job>& jobs() {
         {"read", [](const std::string& list, const std::string& /*dest*/) { readByDecoder(list); }},
         {"ask", [](const std::string& list, const std::string& /*dest*/) { askDecoder(list); }},
         {"ask-here", [](const std::string& list, const std::string& /*dest*/) { askHere(list); }},
+        {"hash-pictures", [](const std::string& list, const std::string& /*dest*/) { hashPictures(list); }},
     };
     return all;
 }

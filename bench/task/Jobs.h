@@ -29,6 +29,7 @@ using Job = std::function<void(const std::string& source, const std::string& des
 //   read           date and camera of each, read by the decoder
 //   ask            what the decoder says of each, whatever that is
 //   ask-here       the same, read within this process
+//   hash-pictures  perceptualHash() of each
 [[nodiscard]] const std::map<std::string_view, Job>& jobs();
 
 }  // namespace vellomar::bench

@@ -5,10 +5,12 @@
 
 #include "dates/EmbeddedMetadataReader.h"
 #include "dates/ExifBatch.h"
+#include "duplicates/PerceptualHash.h"
 #include "measure/Measurement.h"
 #include "measure/PathList.h"
 #include "platform/LinuxFileSystem.h"
 #include "platform/decoder/MetadataDecoder.h"
+#include "platform/decoder/PixelDecoder.h"
 #include "platform/decoder/worker/MappedFile.h"
 #include "platform/decoder/worker/OpenImage.h"
 #include "platform/decoder/worker/metadata/ImagePropertiesReader.h"
@@ -91,6 +93,22 @@ void askHere(const std::string& list) {
     prepareImageLibrary();
     printMeasurementOf(
         [&] { return askEach(paths, [](InputFile& file) { return propertiesOf(file) == ImageProperties{}; }); });
+}
+
+void hashPictures(const std::string& list) {
+    const auto paths = pathsIn(list);
+    LinuxFileSystem fileSystem;
+    PixelDecoder decoder(testing::pixelDecoderProgram());
+    // Its start counts for neither side.
+    if (!perceptualHash(fileSystem, decoder, paths.front())) throw std::runtime_error("there is no decoder");
+    printMeasurementOf([&] {
+        Amount sum;
+        for (const auto& path : paths) {
+            if (!perceptualHash(fileSystem, decoder, path)) throw std::runtime_error("there is no hash of " + path);
+            ++sum.files;
+        }
+        return sum;
+    });
 }
 
 }  // namespace vellomar::bench

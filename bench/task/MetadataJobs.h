@@ -9,5 +9,6 @@ void askExifTool(const std::string& list);
 void readByDecoder(const std::string& list);
 void askDecoder(const std::string& list);
 void askHere(const std::string& list);
+void hashPictures(const std::string& list);
 
 }  // namespace vellomar::bench
