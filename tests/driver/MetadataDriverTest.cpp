@@ -46,6 +46,15 @@ TEST_F(MetadataDriver, ReadsAFileAgainWhenItHasChanged) {
     EXPECT_EQ(ask("readCameraModel", path), "—");
 }
 
+TEST_F(MetadataDriver, HashesPictures) {
+    const auto falling =
+        testing::makePicture(folder, "falling.png", {"-size", "8x90", "gradient:white-black", "-rotate", "270"});
+    EXPECT_EQ(ask("perceptualHash", falling), "18446744073709551615");
+    EXPECT_EQ(ask("perceptualHash", photo("red.jpg")), "0");
+    EXPECT_EQ(ask("perceptualHash", folder.write("text.jpg", "no picture")), nullptr);
+    EXPECT_EQ(ask("perceptualHash", folder / "missing.jpg"), nullptr);
+}
+
 TEST_F(MetadataDriver, ReadsVideos) {
     const auto found = ask("readVideoDate", makeVideo(folder, "a.mp4", {"creation_time=2021-03-04T05:06:07Z"}));
     EXPECT_EQ(found.at("epoch"), 1'614'834'367);

@@ -1,5 +1,6 @@
 #include "platform/decoder/worker/pixels/EmbeddedPreviews.h"
 
+#include <algorithm>
 #include <exception>
 
 #include <exiv2/exiv2.hpp>
@@ -20,9 +21,10 @@ void offerPreviews(std::span<const std::byte> file, const std::function<bool(std
         const auto image = openImage(file);
         if (!image) return;
         const Exiv2::PreviewManager manager(*image);
-        const auto properties = manager.getPreviewProperties();  // the smallest first
-        for (auto one = properties.rbegin(); one != properties.rend(); ++one)
-            if (offer(manager.getPreviewImage(*one), accept)) return;
+        auto properties = manager.getPreviewProperties();  // the smallest first
+        std::ranges::reverse(properties);
+        for (const auto& one : properties)
+            if (offer(manager.getPreviewImage(one), accept)) return;
     } catch (const std::exception&) {
         return;
     }
