@@ -33,6 +33,10 @@ namespace vellomar::bench {
 // their luma.
 [[nodiscard]] std::vector<Result> benchmarkPictures(const Arguments& arguments);
 
+// Taking back a run of copies against digesting and removing them bare, and how the cost of an entry grows with their
+// number.
+[[nodiscard]] std::vector<Result> benchmarkUndo(const Arguments& arguments);
+
 // `count` files of a corpus at full size, at the size that `arguments` ask for; not less than `least`.
 [[nodiscard]] std::size_t scaled(const Arguments& arguments, std::size_t count, std::size_t least);
 

@@ -135,12 +135,13 @@ void makeLibrary(const std::string& folder, std::size_t fileCount) {
     }
 }
 
-std::vector<std::string> makePhotos(const std::string& folder, std::size_t fileCount, std::uint64_t fileSize) {
+std::vector<std::string> makePhotos(const std::string& folder, std::size_t fileCount, std::uint64_t fileSize,
+                                    std::size_t filesInAFolder) {
     Noise noise(1);
     std::vector<std::string> paths;
     std::string parent;
     for (std::size_t number = 0; number < fileCount; ++number) {
-        if (number % kFilesInAFolder == 0) parent = makeFolder(folder, folderName(number / kFilesInAFolder));
+        if (number % filesInAFolder == 0) parent = makeFolder(folder, folderName(number / filesInAFolder));
         paths.push_back(fmt::format("{}/{}", parent, photoName(number)));
         write(paths.back(), noise.ofSize(fileSize));
     }

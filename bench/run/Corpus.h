@@ -11,8 +11,9 @@ namespace vellomar::bench {
 // cameras, phones and messengers write it; one in ten has none, and its folder must tell.
 void makeLibrary(const std::string& folder, std::size_t fileCount);
 
-// `fileCount` dated photos of `fileSize` bytes each that nothing could compress, 100 to a folder. Returns their paths.
-std::vector<std::string> makePhotos(const std::string& folder, std::size_t fileCount, std::uint64_t fileSize);
+// `fileCount` dated photos of `fileSize` bytes each that nothing could compress. Returns their paths.
+std::vector<std::string> makePhotos(const std::string& folder, std::size_t fileCount, std::uint64_t fileSize,
+                                    std::size_t filesInAFolder = 100);
 
 // `fileCount` dated photos of 1 to 3 MB. One in twenty is a copy of another; all others differ in size.
 void makePhotosWithDuplicates(const std::string& folder, std::size_t fileCount);

@@ -21,8 +21,8 @@ namespace {
 
 constexpr const char* kUsage = R"(Usage: vellomar_bench [OPTION...]
 
-  --only NAME    scan, plan, copy, copy-small, digest, duplicates, metadata, reading, requests or
-                 pictures; may be given several times
+  --only NAME    scan, plan, copy, copy-small, digest, duplicates, metadata, reading, requests,
+                 pictures or undo; may be given several times
   --files N      size of the large library instead of 300,000; all corpora are scaled alike, for a quick look
   --rounds N     rounds of each comparison, 5 by default; medians count
   --json         the results as JSON
@@ -40,6 +40,7 @@ const std::vector<std::pair<std::string, Benchmark>>& benchmarks() {
         {"digest", &benchmarkDigest},     {"duplicates", &benchmarkDuplicates},
         {"metadata", &benchmarkMetadata}, {"reading", &benchmarkReading},
         {"requests", &benchmarkRequests}, {"pictures", &benchmarkPictures},
+        {"requests", &benchmarkRequests}, {"undo", &benchmarkUndo},
     };
     return all;
 }

@@ -7,12 +7,15 @@
 #include <string>
 #include <unordered_set>
 
+#include <fmt/format.h>
+
 #include "engine/OrganizerEngine.h"
 #include "engine/SourceScan.h"
 #include "measure/Measurement.h"
 #include "platform/FileDigest.h"
 #include "support/EngineHarness.h"
 #include "task/MetadataJobs.h"
+#include "undo/ManifestFiles.h"
 
 namespace vellomar::bench {
 namespace {
@@ -81,6 +84,24 @@ void run(const std::string& source, const std::string& dest, const Options& opti
     if (state.verifyFailures > 0) throw std::runtime_error("copies differ from their sources");
 }
 
+void undo(const std::string& path) {
+    EngineHarness harness;
+    harness.engine = std::make_unique<OrganizerEngine>(harness.servicesFor({}));
+    auto manifest = importManifest(harness.realFileSystem, path);
+    if (!manifest) throw std::runtime_error(manifest.error().description);
+    std::uint64_t bytes = 0;
+    for (const auto& entry : manifest->entries)
+        bytes += unsignedOf(harness.realFileSystem.status(entry.destination).map(&FileStatus::size).value_or(0));
+    const auto count = manifest->entries.size();
+    printMeasurementOf([&] {
+        harness.undo(*std::move(manifest));
+        return Amount{count, bytes};
+    });
+    const auto& outcome = harness.state().statusText;
+    if (outcome != fmt::format("Undo complete — reversed: {}  skipped: 0  failed: 0", count))
+        throw std::runtime_error(outcome);
+}
+
 Amount digested(FileSystem& fileSystem, const std::string& path, std::int64_t size) {
     if (!sha256OfFile(fileSystem, path)) throw std::runtime_error("cannot read " + path);
     return {1, unsignedOf(size)};
@@ -128,6 +149,7 @@ const std::map<std::string_view, Job>& jobs() {
         {"copy", runWith(verifiedCopy())},
         {"digest", [](const std::string& source, const std::string& /*dest*/) { digest(source); }},
         {"digest-all", [](const std::string& source, const std::string& /*dest*/) { digestAll(source); }},
+        {"undo", [](const std::string& manifest, const std::string& /*dest*/) { undo(manifest); }},
         {"exiftool", [](const std::string& list, const std::string& /*dest*/) { askExifTool(list); }},
         {"read", [](const std::string& list, const std::string& /*dest*/) { readByDecoder(list); }},
         {"ask", [](const std::string& list, const std::string& /*dest*/) { askDecoder(list); }},

@@ -23,6 +23,10 @@ using Job = std::function<void(const std::string& source, const std::string& des
 //   digest         sha256OfFile() of one file
 //   digest-all     sha256OfFile() of every file below a folder
 //
+// for a source that is a manifest:
+//
+//   undo           an undo of all its entries
+//
 // and, for a source that lists the paths of photos, one a line:
 //
 //   exiftool       batchReadExif() as a run asks for it

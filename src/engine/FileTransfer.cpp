@@ -8,13 +8,13 @@
 #include "engine/BufferedCopy.h"
 #include "engine/PostCopy.h"
 #include "platform/FileCopy.h"
+#include "platform/FileMove.h"
 #include "platform/FreeName.h"
 #include "platform/Path.h"
 
 namespace vellomar {
 namespace {
 
-constexpr std::string_view kPartialSuffix = ".__partial";
 constexpr std::size_t kShownHashLength = 16;
 
 std::string truthText(bool value) {
@@ -24,10 +24,6 @@ std::string truthText(bool value) {
 // Why this program, and not the system, leaves a source where it is.
 tl::unexpected<Error> refusal(std::string description) {
     return tl::unexpected(Error{"FileTransfer", 1, std::move(description)});
-}
-
-bool isUnchanged(const FileStatus& before, const FileStatus& now) {
-    return before.identity == now.identity && before.size == now.size && before.modified == now.modified;
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "engine/RunPipeline.h"
+#include "engine/UndoRun.h"
 #include "platform/Path.h"
 #include "platform/ThreadPriority.h"
 
@@ -29,6 +30,7 @@ OrganizerEngine::~OrganizerEngine() {
     port_->close();
     if (currentTask_) currentTask_->request_stop();
     clearTask();
+    undoThread_ = {};
 }
 
 void OrganizerEngine::startRun(const std::vector<std::string>& sources, const std::string& dest,
@@ -40,6 +42,17 @@ void OrganizerEngine::startRun(const std::vector<std::string>& sources, const st
         runPipeline({request, services, *port, *log, stop});
         // Behind all that the run posted. `this` is there whenever the port still lets work through.
         port->post([this](MainActorState&) { clearTask(); });
+    });
+}
+
+void OrganizerEngine::undo(UndoManifest manifest, std::function<void()> whenFinished) {
+    if (main_.published.state().isRunning) return;
+    UndoRun undo{std::move(manifest), std::move(whenFinished)};
+    publishUndoStart(main_.published, undo);
+    // The thread of an earlier undo has published its outcome and is at its end, so that joining it takes no time.
+    undoThread_ = std::jthread([port = port_, log = log_, services = services_, undo = std::move(undo)] {
+        lowerPriorityOfThisThread();
+        runUndo(undo, services, *port, *log);
     });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,14 +17,16 @@
 #include "engine/model/RunEstimate.h"
 #include "engine/model/TaggedFile.h"
 #include "naming/FolderRenameRule.h"
+#include "undo/UndoManifest.h"
 
 namespace vellomar {
 
-// The one long-lived object that performs runs. It belongs to the main actor: it is made, called, observed and
-// destroyed there, and its published state changes nowhere else; appendLog() alone may be called from any thread.
-// The work itself is done on a thread of its own, one run at a time.
+// The one long-lived object that performs runs and takes them back. It belongs to the main actor: it is made, called,
+// observed and destroyed there, and its published state changes nowhere else; appendLog() alone may be called from any
+// thread. The work itself is done on a thread of its own, one run or undo at a time.
 //
-// Destroying the engine during a run cancels the run and waits for the file under way.
+// Destroying the engine during a run cancels the run and waits for the file under way; during an undo, which nothing
+// stops, it waits for the end of the undo.
 class OrganizerEngine {
 public:
     using TaggedFile = vellomar::TaggedFile;
@@ -42,11 +45,17 @@ public:
     void setRenameRules(std::vector<FolderRenameRule> rules) { main_.renameRules = std::move(rules); }
 
     // Sorts what lies in `sources` into `dest`, all absolute paths, as `options` say; a dry run only plans. Returns at
-    // once: what comes of it is published. Does nothing while another run lives.
+    // once: what comes of it is published. Does nothing while another run lives, nor during an undo.
     void startRun(const std::vector<std::string>& sources, const std::string& dest, const Options& options);
 
-    // Asks the run, if there is one, to end behind the file under way.
+    // Asks the run, if there is one, to end behind the file under way. Does not stop an undo.
     void cancelRun();
+
+    // Takes back what a run did, newest first, whatever has become of it since: a file that changed is left alone.
+    // Returns at once with isRunning, statusText and progress set; `whenFinished` (which may be empty) is called on
+    // the main actor when the outcome is published. While isRunning is true already, for a run or another undo, this
+    // does nothing at all and `whenFinished` is never called; nor is it when the engine goes first.
+    void undo(UndoManifest manifest, std::function<void()> whenFinished = {});
 
     // Whether the thread of a run lives.
     [[nodiscard]] bool hasTask() const { return currentTask_.has_value(); }
@@ -62,6 +71,7 @@ private:
     std::shared_ptr<EnginePort> port_;
     std::shared_ptr<RunLog> log_;
     std::optional<std::jthread> currentTask_;
+    std::jthread undoThread_;  // of the last undo, ended or not
 };
 
 }  // namespace vellomar

@@ -4,7 +4,7 @@
 #include <thread>
 #include <utility>
 
-#include "engine/SourceWalk.h"
+#include "platform/FolderWalk.h"
 #include "engine/model/FileKind.h"
 #include "engine/model/JunkFiles.h"
 #include "platform/Path.h"
@@ -46,7 +46,7 @@ public:
         : options_(options), skipPaths_(skipPaths), reports_(reports), result_{{}, FileSizes(overlap(sources)), {}} {}
 
     void walk(FileSystem& fileSystem, const std::string& source) {
-        auto opened = SourceWalk::open(fileSystem, source);
+        auto opened = FolderWalk::open(fileSystem, source);
         if (!opened) {
             reports_.log("Failed to enumerate source: " + source);
             return;
@@ -59,7 +59,7 @@ public:
     [[nodiscard]] ScanResult result() && { return std::move(result_); }
 
 private:
-    void takeByStatus(SourceWalk& walk, const SourceWalk::Entry& entry) {
+    void takeByStatus(FolderWalk& walk, const FolderWalk::Entry& entry) {
         if (entry.type != FileType::regular) return;
         const auto status = walk.statusOf(entry);
         if (!status || status->type != FileType::regular) return;
@@ -67,7 +67,7 @@ private:
         if (!name.isJunk()) take(entry, name, status->size);
     }
 
-    void takeByName(SourceWalk& walk, const SourceWalk::Entry& entry) {
+    void takeByName(FolderWalk& walk, const FolderWalk::Entry& entry) {
         const LowercasedName name(entry.name);
         const auto extension = name.extension();
         if (extension.empty() || name.isJunk() || characterCount(extension) >= kExtensionTooLongForAFile) return;
@@ -76,7 +76,7 @@ private:
         take(entry, name, hasSize ? std::optional(status->size) : std::nullopt);
     }
 
-    void take(const SourceWalk::Entry& entry, const LowercasedName& name, std::optional<std::int64_t> size) {
+    void take(const FolderWalk::Entry& entry, const LowercasedName& name, std::optional<std::int64_t> size) {
         if (size) result_.fileSizes.record(entry.folder, entry.name, *size);
         auto path = entry.path();
         if (skipPaths_.contains(path)) return;

@@ -23,6 +23,10 @@ Expected<void> makeOneDirectory(FileSystem& fileSystem, const std::string& path,
 
 }  // namespace
 
+bool isUnchanged(const FileStatus& before, const FileStatus& now) {
+    return before.identity == now.identity && before.size == now.size && before.modified == now.modified;
+}
+
 bool somethingStandsAt(FileSystem& fileSystem, const std::string& path) {
     return fileSystem.status(path).has_value();
 }

@@ -38,6 +38,9 @@ struct FileStatus {
     std::optional<Instant> created;  // where the file system keeps a birth time
 };
 
+// Whether two looks at a path saw one file, and nobody wrote to it in between.
+[[nodiscard]] bool isUnchanged(const FileStatus& before, const FileStatus& now);
+
 // A folder being listed. "." and ".." are left out; the order is the file system's own. What is added or removed
 // meanwhile may or may not be seen.
 class Directory {
@@ -142,6 +145,9 @@ public:
 
     // Removes a file or a symlink, never a folder.
     [[nodiscard]] virtual Expected<void> removeFile(const std::string& path) = 0;
+
+    // Removes a folder with nothing in it, hidden names included. A symlink to one is no folder.
+    [[nodiscard]] virtual Expected<void> removeDirectory(const std::string& path) = 0;
 
     // One folder; its parent must exist.
     [[nodiscard]] virtual Expected<void> makeDirectory(const std::string& path) = 0;

@@ -105,6 +105,10 @@ Expected<void> LinuxFileSystem::removeFile(const std::string& path) {
     return successOrFailure(::unlink(path.c_str()));
 }
 
+Expected<void> LinuxFileSystem::removeDirectory(const std::string& path) {
+    return successOrFailure(::rmdir(path.c_str()));
+}
+
 Expected<void> LinuxFileSystem::makeDirectory(const std::string& path) {
     constexpr mode_t kAllThatTheUmaskAllows = S_IRWXU | S_IRWXG | S_IRWXO;
     return successOrFailure(::mkdir(path.c_str(), kAllThatTheUmaskAllows));

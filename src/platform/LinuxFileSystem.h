@@ -23,6 +23,7 @@ public:
     [[nodiscard]] Expected<void> renameWithoutReplacing(const std::string& from, const std::string& to) override;
 
     [[nodiscard]] Expected<void> removeFile(const std::string& path) override;
+    [[nodiscard]] Expected<void> removeDirectory(const std::string& path) override;
     [[nodiscard]] Expected<void> makeDirectory(const std::string& path) override;
     [[nodiscard]] Expected<void> syncDirectory(const std::string& path) override;
     [[nodiscard]] Expected<bool> volumeIsLocal(const std::string& path) override;

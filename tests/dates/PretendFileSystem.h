@@ -51,6 +51,7 @@ public:
     Expected<void> rename(const std::string&, const std::string&) override { return uncalledFor(); }
     Expected<void> renameWithoutReplacing(const std::string&, const std::string&) override { return uncalledFor(); }
     Expected<void> removeFile(const std::string&) override { return uncalledFor(); }
+    Expected<void> removeDirectory(const std::string&) override { return uncalledFor(); }
     Expected<void> makeDirectory(const std::string&) override { return uncalledFor(); }
     Expected<void> syncDirectory(const std::string&) override { return uncalledFor(); }
     Expected<bool> volumeIsLocal(const std::string&) override { return uncalledFor(); }

@@ -92,6 +92,9 @@ TEST_F(EngineDriver, SurvivesBadArguments) {
              R"({"op":"detectPairs","paths":[null]})",
              R"({"op":"loadManifests"})",
              R"({"op":"importManifest"})",
+             R"({"op":"undo"})",
+             R"({"op":"undo","manifest":7})",
+             R"({"op":"undo","manifest":"/no/such/manifest.json"})",
              R"({"op":"run","sources":"/a","dest":"/d"})",
              R"({"op":"run","sources":["/a"]})",
              R"({"op":"run","sources":["/a"],"dest":"/d","cancelWhen":{}})",
@@ -320,6 +323,37 @@ TEST_F(EngineDriverRun, ARealRunObeysRulesAndLeavesAManifest) {
     const auto manifests = driver.result({{"op", "loadManifests"}, {"dest", folder / "dest"}});
     ASSERT_EQ(manifests.size(), 1U);
     EXPECT_EQ(manifests.at(0).at("entries").at(0).at("source"), source);
+}
+
+TEST_F(EngineDriverRun, ARealRunCanBeUndone) {
+    const auto source = folder.write("src/Rome/2023-08-14 14.30.21.jpg", "abc");
+    request["options"]["dryRun"] = false;
+    request["options"]["moveOriginalsWhenReliable"] = true;
+    const auto moved = driver.result(request).at("previewRows").at(0).at("destination").get<std::string>();
+    EXPECT_EQ(contentOf(moved), "abc");
+    EXPECT_FALSE(exists(source));
+    std::string manifest;
+    for (const auto& entry : fs::directory_iterator(folder / "dest"))
+        if (entry.path().extension() == ".json") manifest = entry.path().string();
+    const auto state = driver.result({{"op", "undo"}, {"manifest", manifest}});
+    EXPECT_EQ(contentOf(source), "abc");
+    EXPECT_FALSE(exists(folder / "dest/2023"));
+    EXPECT_TRUE(exists(manifest));
+    EXPECT_EQ(state.at("isRunning"), false);
+    EXPECT_EQ(state.at("progress"), 1.0);
+    EXPECT_EQ(state.at("statusText"), "Undo complete — reversed: 1  skipped: 0  failed: 0");
+    EXPECT_EQ(state.at("statusHistory"), (Json{"Undoing 1 operations...", state.at("statusText")}));
+    EXPECT_EQ(state.at("progressHistory"), (Json{0.0, 1.0, 1.0}));
+    EXPECT_EQ(state.at("allLogLines"),
+              Json::array({"✓ Restored: " + fs::path(moved).filename().string() + " → " + source}));
+    EXPECT_EQ(state.at("notification"), nullptr);
+    EXPECT_TRUE(state.contains("seconds"));
+}
+
+TEST_F(EngineDriverRun, WhatIsNoManifestCannotBeUndone) {
+    const auto path = folder.write("broken.json", "{}");
+    EXPECT_EQ(errorTo(jsonText({{"op", "undo"}, {"manifest", path}})),
+              "Could not read broken.json — is it a valid Vellomar undo file?");
 }
 
 TEST_F(EngineDriverRun, FloppyModeRenamesAFamilyOfFolders) {

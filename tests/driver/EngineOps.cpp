@@ -48,6 +48,15 @@ Json run(const Surroundings& surroundings, const Json& arguments) {
     return published(harness, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
 }
 
+Json undo(const Surroundings& surroundings, const Json& arguments) {
+    EngineHarness harness({.exifTool = &surroundings.exifTool});
+    auto manifest = importManifest(harness.realFileSystem, textOf(arguments, "manifest"));
+    if (!manifest) throw std::invalid_argument(manifest.error().description);
+    const auto start = std::chrono::steady_clock::now();
+    harness.undo(*std::move(manifest));
+    return published(harness, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+}
+
 Json manifests(const Json& arguments) {
     LinuxFileSystem fileSystem;
     Json list = Json::array();
@@ -67,6 +76,7 @@ Json imported(const Json& arguments) {
 
 void addEngineOps(Ops& ops, Surroundings& surroundings) {
     ops["run"] = [&](const Json& arguments) { return run(surroundings, arguments); };
+    ops["undo"] = [&](const Json& arguments) { return undo(surroundings, arguments); };
     ops["loadManifests"] = manifests;
     ops["importManifest"] = imported;
 }

@@ -213,6 +213,26 @@ TEST_F(LinuxFileSystemTest, RemovesFilesAndSymlinksButNoFolders) {
     EXPECT_TRUE(exists(folder / "folder"));
 }
 
+TEST_F(LinuxFileSystemTest, RemovesFoldersWithNothingInThem) {
+    folder.makeFolder("outer/inner");
+    folder.write("visible/file");
+    folder.write("hidden/.file");
+    const auto file = folder.write("file");
+    fs::create_directory_symlink(folder / "outer/inner", folder / "link");
+    EXPECT_EQ(errorOf(fileSystem.removeDirectory(folder / "outer")), ENOTEMPTY);
+    EXPECT_EQ(errorOf(fileSystem.removeDirectory(folder / "visible")), ENOTEMPTY);
+    EXPECT_EQ(errorOf(fileSystem.removeDirectory(folder / "hidden")), ENOTEMPTY);
+    EXPECT_EQ(errorOf(fileSystem.removeDirectory(folder / "link")), ENOTDIR);
+    EXPECT_EQ(errorOf(fileSystem.removeDirectory(folder / "link/")), ENOTDIR);
+    EXPECT_EQ(errorOf(fileSystem.removeDirectory(file)), ENOTDIR);
+    EXPECT_TRUE(exists(file));
+    EXPECT_TRUE(exists(folder / "hidden/.file"));
+    EXPECT_EQ(errorOf(fileSystem.removeDirectory(folder / "outer/inner")), 0);
+    EXPECT_EQ(errorOf(fileSystem.removeDirectory(folder / "outer")), 0);
+    EXPECT_FALSE(exists(folder / "outer"));
+    EXPECT_EQ(errorOf(fileSystem.removeDirectory(folder / "outer")), ENOENT);
+}
+
 TEST_F(LinuxFileSystemTest, MakesOneFolderBelowOneThatStands) {
     EXPECT_EQ(errorOf(fileSystem.makeDirectory(folder / "new")), 0);
     EXPECT_TRUE(fs::is_directory(folder / "new"));

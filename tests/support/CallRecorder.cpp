@@ -33,6 +33,11 @@ private:
     std::unique_ptr<OutputFile> file_;
 };
 
+Expected<std::unique_ptr<Directory>> CallRecorder::openDirectory(const std::string& path, bool followSymlink) {
+    record("list " + path);
+    return real().openDirectory(path, followSymlink);
+}
+
 Expected<std::unique_ptr<InputFile>> CallRecorder::openForReading(const std::string& path, bool followSymlink) {
     record("read " + path);
     return real().openForReading(path, followSymlink);
@@ -58,6 +63,11 @@ Expected<void> CallRecorder::renameWithoutReplacing(const std::string& from, con
 Expected<void> CallRecorder::removeFile(const std::string& path) {
     record("remove " + path);
     return real().removeFile(path);
+}
+
+Expected<void> CallRecorder::removeDirectory(const std::string& path) {
+    record("removeDirectory " + path);
+    return real().removeDirectory(path);
 }
 
 Expected<void> CallRecorder::syncDirectory(const std::string& path) {

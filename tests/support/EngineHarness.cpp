@@ -30,9 +30,16 @@ std::optional<RecordingNotifications::Notification> RecordingNotifications::last
     return last_;
 }
 
-std::unique_ptr<SleepInhibitor::Hold> CountingSleepInhibitor::inhibit(const std::string& /*reason*/) {
+std::unique_ptr<SleepInhibitor::Hold> CountingSleepInhibitor::inhibit(const std::string& reason) {
+    const std::lock_guard guard(lock_);
+    lastReason_ = reason;
     ++*holdsEver_;
     return std::make_unique<CountedHold>(holds_);
+}
+
+std::string CountingSleepInhibitor::lastReason() const {
+    const std::lock_guard guard(lock_);
+    return lastReason_;
 }
 
 void RecordingObserver::fieldChanged(PublishedField field) {
@@ -70,6 +77,12 @@ EngineServices EngineHarness::servicesFor(const Setup& setup) {
 void EngineHarness::run(const std::vector<std::string>& sources, const std::string& dest, const Options& options) {
     engine->startRun(sources, dest, options);
     waitForEnd();
+}
+
+void EngineHarness::undo(UndoManifest manifest) {
+    engine->undo(std::move(manifest));
+    mainActor.runUntil([&] { return !state().isRunning; });
+    mainActor.runPending();
 }
 
 void EngineHarness::waitForEnd() {

@@ -40,8 +40,11 @@ public:
     [[nodiscard]] std::unique_ptr<Hold> inhibit(const std::string& reason) override;
     [[nodiscard]] int holds() const { return *holds_; }
     [[nodiscard]] int holdsEver() const { return *holdsEver_; }
+    [[nodiscard]] std::string lastReason() const;
 
 private:
+    mutable std::mutex lock_;
+    std::string lastReason_;  // under lock_
     std::shared_ptr<std::atomic<int>> holds_ = std::make_shared<std::atomic<int>>(0);
     std::shared_ptr<std::atomic<int>> holdsEver_ = std::make_shared<std::atomic<int>>(0);
 };
@@ -96,6 +99,9 @@ public:
 
     // A whole run; returns when it has ended and all that it posted was delivered.
     void run(const std::vector<std::string>& sources, const std::string& dest, const Options& options);
+
+    // A whole undo, likewise.
+    void undo(UndoManifest manifest);
 
     // Delivers until the run under way has ended.
     void waitForEnd();

@@ -170,6 +170,11 @@ Expected<void> FaultyFileSystem::removeFile(const std::string& path) {
     return real_.removeFile(path);
 }
 
+Expected<void> FaultyFileSystem::removeDirectory(const std::string& path) {
+    if (plan_->strikes()) return systemFailure(plan_->errnoValue);
+    return real_.removeDirectory(path);
+}
+
 Expected<void> FaultyFileSystem::makeDirectory(const std::string& path) {
     if (plan_->strikes()) return systemFailure(plan_->errnoValue);
     return real_.makeDirectory(path);

@@ -36,6 +36,9 @@ public:
         return real_.renameWithoutReplacing(from, to);
     }
     [[nodiscard]] Expected<void> removeFile(const std::string& path) override { return real_.removeFile(path); }
+    [[nodiscard]] Expected<void> removeDirectory(const std::string& path) override {
+        return real_.removeDirectory(path);
+    }
     [[nodiscard]] Expected<void> makeDirectory(const std::string& path) override { return real_.makeDirectory(path); }
     [[nodiscard]] Expected<void> syncDirectory(const std::string& path) override { return real_.syncDirectory(path); }
     [[nodiscard]] Expected<bool> volumeIsLocal(const std::string& path) override { return real_.volumeIsLocal(path); }

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "engine/SourceWalk.h"
+#include "platform/FolderWalk.h"
 #include "platform/LinuxFileSystem.h"
 #include "support/ForwardingFileSystem.h"
 #include "support/TemporaryFolder.h"
@@ -21,7 +21,7 @@ using ::testing::UnorderedElementsAre;
 
 std::vector<std::string> pathsBelow(FileSystem& fileSystem, const std::string& source) {
     std::vector<std::string> paths;
-    auto walk = SourceWalk::open(fileSystem, source);
+    auto walk = FolderWalk::open(fileSystem, source);
     EXPECT_TRUE(walk);
     if (!walk) return paths;
     while (const auto entry = walk->next())
@@ -34,7 +34,7 @@ std::vector<std::string> pathsBelow(const std::string& source) {
     return pathsBelow(fileSystem, source);
 }
 
-TEST(SourceWalk, TellsFoldersAndWhatLiesInThem) {
+TEST(FolderWalk, TellsFoldersAndWhatLiesInThem) {
     const TemporaryFolder folder;
     folder.write("a.jpg");
     folder.write("sub/b.jpg");
@@ -43,7 +43,7 @@ TEST(SourceWalk, TellsFoldersAndWhatLiesInThem) {
                 UnorderedElementsAre("a.jpg", "sub", "sub/b.jpg", "sub/deeper", "sub/deeper/c.jpg"));
 }
 
-TEST(SourceWalk, PassesOverHiddenNamesAndAllBelowThem) {
+TEST(FolderWalk, PassesOverHiddenNamesAndAllBelowThem) {
     const TemporaryFolder folder;
     folder.write(".hidden.jpg");
     folder.write(".hidden/a.jpg");
@@ -51,7 +51,7 @@ TEST(SourceWalk, PassesOverHiddenNamesAndAllBelowThem) {
     EXPECT_THAT(pathsBelow(folder.path()), ElementsAre("seen.jpg"));
 }
 
-TEST(SourceWalk, TellsSymlinksButFollowsNone) {
+TEST(FolderWalk, TellsSymlinksButFollowsNone) {
     const TemporaryFolder folder;
     const TemporaryFolder elsewhere;
     elsewhere.write("secret.jpg");
@@ -60,14 +60,14 @@ TEST(SourceWalk, TellsSymlinksButFollowsNone) {
     EXPECT_THAT(pathsBelow(folder.path()), UnorderedElementsAre("link", "loop"));
 }
 
-TEST(SourceWalk, FollowsASymlinkThatTheUserNamed) {
+TEST(FolderWalk, FollowsASymlinkThatTheUserNamed) {
     const TemporaryFolder folder;
     folder.write("real/a.jpg");
     ASSERT_EQ(symlink((folder / "real").c_str(), (folder / "link").c_str()), 0);
     EXPECT_THAT(pathsBelow(folder / "link"), ElementsAre("a.jpg"));
 }
 
-TEST(SourceWalk, ListsAFolderLargerThanItsBuffer) {
+TEST(FolderWalk, ListsAFolderLargerThanItsBuffer) {
     const TemporaryFolder folder;
     constexpr int kFiles = 5'000;
     for (int i = 0; i < kFiles; ++i)
@@ -78,12 +78,12 @@ TEST(SourceWalk, ListsAFolderLargerThanItsBuffer) {
     EXPECT_EQ(std::ranges::adjacent_find(paths), paths.end());
 }
 
-TEST(SourceWalk, RefusesWhatIsNoFolder) {
+TEST(FolderWalk, RefusesWhatIsNoFolder) {
     const TemporaryFolder folder;
     LinuxFileSystem fileSystem;
-    EXPECT_FALSE(SourceWalk::open(fileSystem, folder / "missing"));
-    EXPECT_FALSE(SourceWalk::open(fileSystem, folder.write("file.jpg")));
-    EXPECT_FALSE(SourceWalk::open(fileSystem, ""));
+    EXPECT_FALSE(FolderWalk::open(fileSystem, folder / "missing"));
+    EXPECT_FALSE(FolderWalk::open(fileSystem, folder.write("file.jpg")));
+    EXPECT_FALSE(FolderWalk::open(fileSystem, ""));
 }
 
 // Pretends that the file system does not tell types in listings, as some do not.
@@ -114,7 +114,7 @@ private:
     };
 };
 
-TEST(SourceWalk, LooksAtEntriesWhoseTypeTheListingDoesNotTell) {
+TEST(FolderWalk, LooksAtEntriesWhoseTypeTheListingDoesNotTell) {
     const TemporaryFolder folder;
     folder.write("sub/a.jpg");
     ASSERT_EQ(symlink("sub", (folder / "link").c_str()), 0);
@@ -139,7 +139,7 @@ private:
     std::string top_;
 };
 
-TEST(SourceWalk, EndsOnAFolderThatHoldsItself) {
+TEST(FolderWalk, EndsOnAFolderThatHoldsItself) {
     const TemporaryFolder folder;
     folder.write("a.jpg");
     folder.makeFolder("again");
@@ -149,12 +149,12 @@ TEST(SourceWalk, EndsOnAFolderThatHoldsItself) {
     EXPECT_EQ(fileSystem.opened, 2);
 }
 
-TEST(SourceWalk, LeavesOutAFolderThatVanishedMeanwhile) {
+TEST(FolderWalk, LeavesOutAFolderThatVanishedMeanwhile) {
     const TemporaryFolder folder;
     folder.write("a.jpg");
     folder.write("gone/b.jpg");
     LinuxFileSystem fileSystem;
-    auto walk = SourceWalk::open(fileSystem, folder.path());
+    auto walk = FolderWalk::open(fileSystem, folder.path());
     ASSERT_TRUE(walk);
     ASSERT_TRUE(walk->next());
     ASSERT_TRUE(walk->next());
@@ -162,7 +162,7 @@ TEST(SourceWalk, LeavesOutAFolderThatVanishedMeanwhile) {
     EXPECT_FALSE(walk->next());
 }
 
-TEST(SourceWalk, GoesThroughATreeAsDeepAsAPathMayBe) {
+TEST(FolderWalk, GoesThroughATreeAsDeepAsAPathMayBe) {
     constexpr std::size_t kDeepest = 4'000;
     const TemporaryFolder folder;
     std::string relative;
@@ -174,7 +174,7 @@ TEST(SourceWalk, GoesThroughATreeAsDeepAsAPathMayBe) {
     EXPECT_EQ(paths.back(), relative + "/a.jpg");
 }
 
-TEST(SourceWalk, EndsQuietlyInAnEmptyFolder) {
+TEST(FolderWalk, EndsQuietlyInAnEmptyFolder) {
     const TemporaryFolder folder;
     EXPECT_THAT(pathsBelow(folder.path()), IsEmpty());
 }

@@ -15,7 +15,7 @@ namespace vellomar {
 // error below the top passes in silence: what cannot be listed or looked at is left out. A folder's files come before
 // what lies in its subfolders; otherwise the order is the file system's. Holds one open folder, and the names of the
 // folders still to be entered.
-class SourceWalk {
+class FolderWalk {
 public:
     struct Entry {
         std::string_view folder;  // path of the folder it lies in; valid, like `name`, until the next call of next()
@@ -25,8 +25,8 @@ public:
         [[nodiscard]] std::string path() const;
     };
 
-    // Fails if `source` is no folder that can be listed. A symlink to one will do.
-    [[nodiscard]] static Expected<SourceWalk> open(FileSystem& fileSystem, const std::string& source);
+    // Fails if `folder` is none that can be listed. A symlink to one will do.
+    [[nodiscard]] static Expected<FolderWalk> open(FileSystem& fileSystem, const std::string& folder);
 
     // Nothing at the end.
     [[nodiscard]] std::optional<Entry> next();
@@ -45,7 +45,7 @@ private:
         std::shared_ptr<const Lineage> parent;
     };
 
-    SourceWalk(FileSystem& fileSystem, std::string path, std::unique_ptr<Directory> directory,
+    FolderWalk(FileSystem& fileSystem, std::string path, std::unique_ptr<Directory> directory,
                std::shared_ptr<const Lineage> lineage);
 
     // False when no folder is left.

@@ -1,4 +1,4 @@
-#include "engine/SourceWalk.h"
+#include "platform/FolderWalk.h"
 
 #include <iterator>
 #include <utility>
@@ -7,24 +7,24 @@
 
 namespace vellomar {
 
-std::string SourceWalk::Entry::path() const {
+std::string FolderWalk::Entry::path() const {
     return joinPath(folder, name);
 }
 
-SourceWalk::SourceWalk(FileSystem& fileSystem, std::string path, std::unique_ptr<Directory> directory,
+FolderWalk::FolderWalk(FileSystem& fileSystem, std::string path, std::unique_ptr<Directory> directory,
                        std::shared_ptr<const Lineage> lineage)
     : fileSystem_(fileSystem), path_(std::move(path)), directory_(std::move(directory)), lineage_(std::move(lineage)) {}
 
-Expected<SourceWalk> SourceWalk::open(FileSystem& fileSystem, const std::string& source) {
-    auto directory = fileSystem.openDirectory(source, true);
+Expected<FolderWalk> FolderWalk::open(FileSystem& fileSystem, const std::string& folder) {
+    auto directory = fileSystem.openDirectory(folder, true);
     if (!directory) return tl::unexpected(directory.error());
     const auto identity = (*directory)->identity();
     if (!identity) return tl::unexpected(identity.error());
     auto lineage = std::make_shared<const Lineage>(Lineage{*identity, nullptr});
-    return SourceWalk(fileSystem, source, std::move(*directory), std::move(lineage));
+    return FolderWalk(fileSystem, folder, std::move(*directory), std::move(lineage));
 }
 
-std::optional<SourceWalk::Entry> SourceWalk::next() {
+std::optional<FolderWalk::Entry> FolderWalk::next() {
     do {
         while (true) {
             const auto entry = directory_->next();
@@ -39,18 +39,18 @@ std::optional<SourceWalk::Entry> SourceWalk::next() {
     return std::nullopt;
 }
 
-Expected<FileStatus> SourceWalk::statusOf(const Entry& entry) {
+Expected<FileStatus> FolderWalk::statusOf(const Entry& entry) {
     return directory_->statusOf(entry.name);
 }
 
-std::optional<FileType> SourceWalk::typeOf(const Directory::Entry& entry) {
+std::optional<FileType> FolderWalk::typeOf(const Directory::Entry& entry) {
     if (entry.type) return entry.type;
     const auto status = directory_->statusOf(entry.name);
     if (!status) return std::nullopt;
     return status->type;
 }
 
-bool SourceWalk::enterNextFolder() {
+bool FolderWalk::enterNextFolder() {
     std::move(found_.rbegin(), found_.rend(), std::back_inserter(pending_));
     found_.clear();
     while (!pending_.empty()) {
@@ -61,7 +61,7 @@ bool SourceWalk::enterNextFolder() {
     return false;
 }
 
-bool SourceWalk::enter(Pending folder) {
+bool FolderWalk::enter(Pending folder) {
     auto directory = fileSystem_.openDirectory(folder.path, false);
     if (!directory) return false;
     const auto identity = (*directory)->identity();
