@@ -8,9 +8,10 @@
 
 namespace vellomar::bench {
 
-// Over a library of empty files: the scan against the bare walk, and the engine's own work a file beyond the scan, in
-// CPU time and memory, and how both grow with the library.
+// Over a library of empty files: the scan and the estimate against the bare walk, and the engine's own work a file
+// beyond the scan, in CPU time and memory, and how both grow with the library.
 [[nodiscard]] std::vector<Result> benchmarkScan(const Arguments& arguments);
+[[nodiscard]] std::vector<Result> benchmarkEstimate(const Arguments& arguments);
 [[nodiscard]] std::vector<Result> benchmarkPlan(const Arguments& arguments);
 
 // A verified run with digests against the bare copy: of photos, and of files so small that calls count, not bytes.

@@ -79,22 +79,31 @@ std::vector<double> quotients(const std::vector<double>& dividends, const std::v
     return result;
 }
 
-}  // namespace
-
-std::vector<Result> benchmarkScan(const Arguments& arguments) {
+// The engine's job `name`, which looks at every file of a library, against the bare walk.
+std::vector<Result> compareWithWalk(const Arguments& arguments, const std::string& name) {
     const WorkFolder work(arguments.keepsFolders);
     const auto source = work.emptyFolder("source");
     makeLibrary(source, arguments.files);
 
     const auto floor = [&] { return runProgram("floor_walk", {source}); };
-    const auto engine = [&] { return runProgram("engine_task", {"scan", source}); };
+    const auto engine = [&] { return runProgram("engine_task", {name, source}); };
     static_cast<void>(floor());  // warms the caches of the kernel
     const auto rounds = compare(arguments.rounds, floor, engine);
-    return {{.name = "scan",
+    return {{.name = name,
              .rounds = timeRatios(rounds),
              .unit = "x",
              .goal = {Direction::atMost, 1.5},
              .detail = timesText(rounds)}};
+}
+
+}  // namespace
+
+std::vector<Result> benchmarkScan(const Arguments& arguments) {
+    return compareWithWalk(arguments, "scan");
+}
+
+std::vector<Result> benchmarkEstimate(const Arguments& arguments) {
+    return compareWithWalk(arguments, "estimate");
 }
 
 std::vector<Result> benchmarkPlan(const Arguments& arguments) {

@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* kUsage = R"(Usage: vellomar_bench [OPTION...]
 
-  --only NAME    scan, plan, copy, copy-small, digest, duplicates, metadata, reading, requests,
+  --only NAME    scan, estimate, plan, copy, copy-small, digest, duplicates, metadata, reading, requests,
                  pictures or undo; may be given several times
   --files N      size of the large library instead of 300,000; all corpora are scaled alike, for a quick look
   --rounds N     rounds of each comparison, 5 by default; medians count
@@ -35,12 +35,18 @@ using Benchmark = std::vector<Result> (*)(const Arguments&);
 
 const std::vector<std::pair<std::string, Benchmark>>& benchmarks() {
     static const std::vector<std::pair<std::string, Benchmark>> all = {
-        {"scan", &benchmarkScan},         {"plan", &benchmarkPlan},
-        {"copy", &benchmarkCopyOfPhotos}, {"copy-small", &benchmarkCopyOfSmallFiles},
-        {"digest", &benchmarkDigest},     {"duplicates", &benchmarkDuplicates},
-        {"metadata", &benchmarkMetadata}, {"reading", &benchmarkReading},
-        {"requests", &benchmarkRequests}, {"pictures", &benchmarkPictures},
-        {"requests", &benchmarkRequests}, {"undo", &benchmarkUndo},
+        {"scan", &benchmarkScan},
+        {"estimate", &benchmarkEstimate},
+        {"plan", &benchmarkPlan},
+        {"copy", &benchmarkCopyOfPhotos},
+        {"copy-small", &benchmarkCopyOfSmallFiles},
+        {"digest", &benchmarkDigest},
+        {"duplicates", &benchmarkDuplicates},
+        {"metadata", &benchmarkMetadata},
+        {"reading", &benchmarkReading},
+        {"requests", &benchmarkRequests},
+        {"pictures", &benchmarkPictures},
+        {"undo", &benchmarkUndo},
     };
     return all;
 }

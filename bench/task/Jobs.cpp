@@ -9,6 +9,7 @@
 
 #include <fmt/format.h>
 
+#include "engine/Estimate.h"
 #include "engine/OrganizerEngine.h"
 #include "engine/SourceScan.h"
 #include "measure/Measurement.h"
@@ -65,6 +66,14 @@ void scan(const std::string& source, const Options& options) {
     printMeasurementOf([&] {
         result = scanned(source, options);
         return Amount{result->files.size(), unsignedOf(result->fileSizes.total())};
+    });
+}
+
+void estimate(const std::string& source) {
+    LinuxFileSystem fileSystem;
+    printMeasurementOf([&] {
+        const auto found = estimateRun(fileSystem, {source}, Options{});
+        return Amount{unsignedOf(found.fileCount), unsignedOf(found.totalBytes)};
     });
 }
 
@@ -143,6 +152,7 @@ const std::map<std::string_view, Job>& jobs() {
     static const std::map<std::string_view, Job> all = {
         {"scan", scanWith(basic)},
         {"scan-network", scanWith(onNetwork(basic))},
+        {"estimate", [](const std::string& source, const std::string& /*dest*/) { estimate(source); }},
         {"plan-network", runWith(onNetwork(basic))},
         {"plan", runWith(basic)},
         {"plan-hashed", runWith(withDigests(basic))},

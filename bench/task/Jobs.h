@@ -16,6 +16,7 @@ using Job = std::function<void(const std::string& source, const std::string& des
 //
 //   scan           scanSources() of everything below a folder
 //   scan-network   the same as on network storage
+//   estimate       estimateRun() of everything below a folder
 //   plan-network   a dry run as on network storage: names alone, no digests
 //   plan           a dry run, no digests
 //   plan-hashed    a dry run with digests for the search for duplicates

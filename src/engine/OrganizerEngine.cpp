@@ -10,11 +10,12 @@
 namespace vellomar {
 namespace {
 
-RunRequest requestFrom(const std::vector<std::string>& sources, const std::string& dest, const Options& options) {
-    RunRequest request{{}, withoutTrailingSlashes(dest), options};
-    for (const auto& source : sources)
-        request.sources.push_back(withoutTrailingSlashes(source));
-    return request;
+std::vector<std::string> withoutTrailingSlashesEach(const std::vector<std::string>& paths) {
+    std::vector<std::string> plain;
+    plain.reserve(paths.size());
+    for (const auto& path : paths)
+        plain.push_back(withoutTrailingSlashes(path));
+    return plain;
 }
 
 }  // namespace
@@ -23,11 +24,13 @@ OrganizerEngine::OrganizerEngine(const EngineServices& services, EngineObserver*
     : services_(services),
       main_{Publication(observer), {}, nullptr},
       port_(std::make_shared<EnginePort>(services.mainActor, main_)),
-      log_(std::make_shared<RunLog>(services.mainActor, port_, observer)) {}
+      log_(std::make_shared<RunLog>(services.mainActor, port_, observer)),
+      estimates_(services.fileSystem, port_) {}
 
 OrganizerEngine::~OrganizerEngine() {
     // In this order: a run that waits for the main actor, which is busy here, must stop waiting before it is joined.
     port_->close();
+    estimates_.requestStop();
     if (currentTask_) currentTask_->request_stop();
     clearTask();
     undoThread_ = {};
@@ -37,7 +40,8 @@ void OrganizerEngine::startRun(const std::vector<std::string>& sources, const st
                                const Options& options) {
     if (currentTask_) return;
     currentTask_.emplace([this, port = port_, log = log_, services = services_,
-                          request = requestFrom(sources, dest, options)](const std::stop_token& stop) {
+                          request = RunRequest{withoutTrailingSlashesEach(sources), withoutTrailingSlashes(dest),
+                                               options}](const std::stop_token& stop) {
         lowerPriorityOfThisThread();
         runPipeline({request, services, *port, *log, stop});
         // Behind all that the run posted. `this` is there whenever the port still lets work through.
@@ -60,6 +64,11 @@ void OrganizerEngine::cancelRun() {
     if (main_.cancellationToken) main_.cancellationToken->cancel();
     if (currentTask_) currentTask_->request_stop();
     port_->post([](MainActorState& main) { main.published.setStatus("Cancelling..."); });
+}
+
+void OrganizerEngine::estimateRun(const std::vector<std::string>& sources, const Options& options,
+                                  std::function<void(const RunEstimate&)> done) {
+    estimates_.start(withoutTrailingSlashesEach(sources), options, std::move(done));
 }
 
 }  // namespace vellomar

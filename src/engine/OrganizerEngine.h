@@ -10,6 +10,7 @@
 #include "engine/EngineObserver.h"
 #include "engine/EnginePort.h"
 #include "engine/EngineServices.h"
+#include "engine/EstimateTasks.h"
 #include "engine/PublishedState.h"
 #include "engine/RunLog.h"
 #include "engine/model/DecisionResult.h"
@@ -26,7 +27,8 @@ namespace vellomar {
 // thread. The work itself is done on a thread of its own, one run or undo at a time.
 //
 // Destroying the engine during a run cancels the run and waits for the file under way; during an undo, which nothing
-// stops, it waits for the end of the undo.
+// stops, it waits for the end of the undo. An estimate under way is given up: what waits is one call to the disk at
+// most, and nobody gets its result.
 class OrganizerEngine {
 public:
     using TaggedFile = vellomar::TaggedFile;
@@ -57,6 +59,12 @@ public:
     // does nothing at all and `whenFinished` is never called; nor is it when the engine goes first.
     void undo(UndoManifest manifest, std::function<void()> whenFinished = {});
 
+    // Counts what lies in `sources`, absolute paths, and estimates a run over it with `options`. Returns at once;
+    // `done` gets the estimate later, on the main actor. It has nothing to do with a run, which may be under way, and
+    // publishes nothing. Several may be asked for; each gets its answer, in the order in which the walks end.
+    void estimateRun(const std::vector<std::string>& sources, const Options& options,
+                     std::function<void(const RunEstimate&)> done);
+
     // Whether the thread of a run lives.
     [[nodiscard]] bool hasTask() const { return currentTask_.has_value(); }
 
@@ -72,6 +80,7 @@ private:
     std::shared_ptr<RunLog> log_;
     std::optional<std::jthread> currentTask_;
     std::jthread undoThread_;  // of the last undo, ended or not
+    EstimateTasks estimates_;
 };
 
 }  // namespace vellomar

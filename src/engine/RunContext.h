@@ -48,7 +48,8 @@ struct PlacedFile {
 // What a run knows, growing from stage to stage. The run's thread alone touches it. Everything here may exist once per
 // file of a large library.
 struct RunState {
-    std::vector<TaggedFile> files;  // in scan order
+    std::vector<TaggedFile> files;   // in scan order
+    std::int64_t bytesMeasured = 0;  // sizes that the scan read, of files that it dropped afterwards too
     std::unordered_map<std::string, std::vector<std::string>> sidecarsByPath;
     std::unordered_map<std::string, DateCandidate> exifDates;  // by path, from the metadata batches
     std::unordered_map<std::string, std::string> exifCameras;  // likewise

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "engine/FileLoop.h"
+#include "engine/IntegrityCheck.h"
 #include "engine/MetadataStage.h"
 #include "engine/PairDetection.h"
 #include "engine/PlanFiles.h"
@@ -39,7 +40,7 @@ private:
         publishStatus("Scanning…");
         const auto skipPaths = readResumeSet();
         if (!scan(skipPaths)) return;
-        reportSkippedIntegrityCheck();
+        checkIntegrity();
         findPairs();
         begin();
         if (options().useExifToolForImages || options().useExifToolForVideo) readMetadataInBatches(context_, state_);
@@ -104,6 +105,7 @@ private:
             .log = [&](std::string line) { context_.appendLog(std::move(line)); }};
         auto result = scanSources(disk(), context_.request.sources, options(), skipPaths, reports);
         state_.files = std::move(result.files);
+        state_.bytesMeasured = result.fileSizes.total();
         if (state_.files.empty()) {
             const auto sourceCount = context_.request.sources.size();
             context_.appendLog(fmt::format("No files found under {} source folder(s)", sourceCount));
@@ -120,8 +122,20 @@ private:
         });
     }
 
-    void reportSkippedIntegrityCheck() {
-        if (options().storageIsNetwork) context_.appendLog("⏭ Integrity check skipped — NAS storage mode selected");
+    // What it finds stops nothing: the user is told, and the run goes on.
+    void checkIntegrity() {
+        if (options().storageIsNetwork) {
+            context_.appendLog("⏭ Integrity check skipped — NAS storage mode selected");
+            return;
+        }
+        publishStatus("Checking integrity...");
+        const IntegritySubject subject{state_.files, state_.bytesMeasured, dest()};
+        const auto report = runIntegrityCheck(disk(), subject, options(), context_.stop);
+        context_.port.hop([report](MainActorState& main) {
+            main.published.set(PublishedField::integrityReport, &PublishedState::integrityReport, report);
+        });
+        for (auto& line : integrityLines(report))
+            context_.appendLog(std::move(line));
     }
 
     void findPairs() {
@@ -143,7 +157,7 @@ private:
         return paths;
     }
 
-    // Elapsed time and rates count from here, so the scan is not in them.
+    // Elapsed time and rates count from here, so the scan and the integrity check are not in them.
     void begin() {
         context_.appendLog(fmt::format("Total files: {}", state_.files.size()));
         state_.startTime = context_.services.clock.steadyNow();

@@ -4,9 +4,9 @@
 #include <thread>
 #include <utility>
 
-#include "platform/FolderWalk.h"
 #include "engine/model/FileKind.h"
 #include "engine/model/JunkFiles.h"
+#include "platform/FolderWalk.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
 

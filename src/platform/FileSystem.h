@@ -161,6 +161,14 @@ public:
 
     // The creation date cannot be set on Linux, which is why there is no such operation.
     [[nodiscard]] virtual Expected<void> setModificationDate(const std::string& path, Instant date) = 0;
+
+    // Whether the volume that holds what stands at `path` takes no changes, as a locked card. Symlinks are followed.
+    [[nodiscard]] virtual Expected<bool> volumeIsReadOnly(const std::string& path) = 0;
+
+    // Bytes that a user without privileges can still put on the volume that holds what stands at `path`; 0 on one
+    // that is full or has no notion of space. Fails with EOVERFLOW where there are more than can be counted. Symlinks
+    // are followed.
+    [[nodiscard]] virtual Expected<std::int64_t> availableBytes(const std::string& path) = 0;
 };
 
 // Whether anything stands at `path`, be it a symlink that leads nowhere. A path that cannot be looked at counts as

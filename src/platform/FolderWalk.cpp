@@ -12,21 +12,25 @@ std::string FolderWalk::Entry::path() const {
 }
 
 FolderWalk::FolderWalk(FileSystem& fileSystem, std::string path, std::unique_ptr<Directory> directory,
-                       std::shared_ptr<const Lineage> lineage)
-    : fileSystem_(fileSystem), path_(std::move(path)), directory_(std::move(directory)), lineage_(std::move(lineage)) {}
+                       std::shared_ptr<const Lineage> lineage, std::stop_token stop)
+    : fileSystem_(fileSystem),
+      path_(std::move(path)),
+      directory_(std::move(directory)),
+      lineage_(std::move(lineage)),
+      stop_(std::move(stop)) {}
 
-Expected<FolderWalk> FolderWalk::open(FileSystem& fileSystem, const std::string& folder) {
+Expected<FolderWalk> FolderWalk::open(FileSystem& fileSystem, const std::string& folder, std::stop_token stop) {
     auto directory = fileSystem.openDirectory(folder, true);
     if (!directory) return tl::unexpected(directory.error());
     const auto identity = (*directory)->identity();
     if (!identity) return tl::unexpected(identity.error());
     auto lineage = std::make_shared<const Lineage>(Lineage{*identity, nullptr});
-    return FolderWalk(fileSystem, folder, std::move(*directory), std::move(lineage));
+    return FolderWalk(fileSystem, folder, std::move(*directory), std::move(lineage), std::move(stop));
 }
 
 std::optional<FolderWalk::Entry> FolderWalk::next() {
     do {
-        while (true) {
+        while (!stop_.stop_requested()) {
             const auto entry = directory_->next();
             if (!entry || !*entry) break;
             if ((*entry)->name[0] == '.') continue;
@@ -53,7 +57,7 @@ std::optional<FileType> FolderWalk::typeOf(const Directory::Entry& entry) {
 bool FolderWalk::enterNextFolder() {
     std::move(found_.rbegin(), found_.rend(), std::back_inserter(pending_));
     found_.clear();
-    while (!pending_.empty()) {
+    while (!pending_.empty() && !stop_.stop_requested()) {
         auto folder = std::move(pending_.back());
         pending_.pop_back();
         if (enter(std::move(folder))) return true;

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,8 +26,10 @@ public:
         [[nodiscard]] std::string path() const;
     };
 
-    // Fails if `folder` is none that can be listed. A symlink to one will do.
-    [[nodiscard]] static Expected<FolderWalk> open(FileSystem& fileSystem, const std::string& folder);
+    // Fails if `folder` is none that can be listed. A symlink to one will do. The walk ends behind the call to the
+    // disk that is under way when it is asked to stop.
+    [[nodiscard]] static Expected<FolderWalk> open(FileSystem& fileSystem, const std::string& folder,
+                                                   std::stop_token stop = {});
 
     // Nothing at the end.
     [[nodiscard]] std::optional<Entry> next();
@@ -46,7 +49,7 @@ private:
     };
 
     FolderWalk(FileSystem& fileSystem, std::string path, std::unique_ptr<Directory> directory,
-               std::shared_ptr<const Lineage> lineage);
+               std::shared_ptr<const Lineage> lineage, std::stop_token stop);
 
     // False when no folder is left.
     [[nodiscard]] bool enterNextFolder();
@@ -57,6 +60,7 @@ private:
     std::string path_;  // of the folder under way
     std::unique_ptr<Directory> directory_;
     std::shared_ptr<const Lineage> lineage_;
+    std::stop_token stop_;
     std::vector<Pending> found_;    // subfolders of the folder under way, in its order
     std::vector<Pending> pending_;  // to be entered, the next one last
 };

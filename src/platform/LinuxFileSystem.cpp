@@ -14,6 +14,7 @@
 #include "platform/LinuxDirectory.h"
 #include "platform/LinuxFiles.h"
 #include "platform/VolumeLocality.h"
+#include "platform/VolumeState.h"
 
 namespace vellomar {
 namespace {
@@ -134,6 +135,14 @@ Expected<void> LinuxFileSystem::setModificationDate(const std::string& path, Ins
     const timespec unchanged{0, UTIME_OMIT};
     const std::array times = {unchanged, modified};
     return successOrFailure(::utimensat(AT_FDCWD, path.c_str(), times.data(), 0));
+}
+
+Expected<bool> LinuxFileSystem::volumeIsReadOnly(const std::string& path) {
+    return readVolume(path).map(&isReadOnly);
+}
+
+Expected<std::int64_t> LinuxFileSystem::availableBytes(const std::string& path) {
+    return readVolume(path).and_then(&availableBytesOf);
 }
 
 }  // namespace vellomar

@@ -56,6 +56,8 @@ public:
     Expected<void> syncDirectory(const std::string&) override { return uncalledFor(); }
     Expected<bool> volumeIsLocal(const std::string&) override { return uncalledFor(); }
     Expected<void> setModificationDate(const std::string&, Instant) override { return uncalledFor(); }
+    Expected<bool> volumeIsReadOnly(const std::string&) override { return uncalledFor(); }
+    Expected<std::int64_t> availableBytes(const std::string&) override { return uncalledFor(); }
 
 private:
     class Listing final : public Directory {

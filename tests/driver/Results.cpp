@@ -24,12 +24,6 @@ Json jsonOf(const MediaBreakdown& breakdown) {
     return {{"images", breakdown.images}, {"videos", breakdown.videos}, {"other", breakdown.other}};
 }
 
-Json jsonOf(const IntegrityReport& report) {
-    return {{"unreadableFiles", report.unreadableFiles},     {"noDateSignal", report.noDateSignal},
-            {"suspectedCorrupt", report.suspectedCorrupt},   {"readOnlySource", report.readOnlySource},
-            {"insufficientSpace", report.insufficientSpace}, {"totalScanned", report.totalScanned}};
-}
-
 Json jsonOf(const LibraryStats& stats) {
     return {{"totalFiles", stats.totalFiles},
             {"totalBytes", stats.totalBytes},
@@ -81,6 +75,18 @@ Json jsonOf(const DecisionResult& decision) {
 Json jsonOf(const UndoManifest& manifest) {
     // What a script sees is the file's own form.
     return parseJson(manifestText(manifest)).value();
+}
+
+Json jsonOf(const IntegrityReport& report) {
+    return {{"unreadableFiles", report.unreadableFiles},     {"noDateSignal", report.noDateSignal},
+            {"suspectedCorrupt", report.suspectedCorrupt},   {"readOnlySource", report.readOnlySource},
+            {"insufficientSpace", report.insufficientSpace}, {"totalScanned", report.totalScanned}};
+}
+
+Json jsonOf(const RunEstimate& estimate) {
+    return {{"fileCount", estimate.fileCount},
+            {"totalBytes", estimate.totalBytes},
+            {"estimatedSeconds", estimate.estimatedSeconds}};
 }
 
 Json jsonOf(const PublishedState& state) {

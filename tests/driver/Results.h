@@ -8,6 +8,7 @@
 #include "dates/MetadataReader.h"
 #include "engine/PublishedState.h"
 #include "engine/model/DecisionResult.h"
+#include "engine/model/RunEstimate.h"
 #include "platform/BytesJson.h"
 #include "platform/Error.h"
 #include "undo/UndoManifest.h"
@@ -20,6 +21,8 @@ namespace vellomar::driver {
 [[nodiscard]] Json jsonOf(const ImageEXIFResult& result);
 [[nodiscard]] Json jsonOf(const DecisionResult& decision);
 [[nodiscard]] Json jsonOf(const UndoManifest& manifest);
+[[nodiscard]] Json jsonOf(const IntegrityReport& report);
+[[nodiscard]] Json jsonOf(const RunEstimate& estimate);
 [[nodiscard]] Json jsonOf(const PublishedState& state);
 [[nodiscard]] Json jsonOf(const Error& error);
 [[nodiscard]] inline Json jsonOf(const std::string& text) {

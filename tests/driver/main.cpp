@@ -33,6 +33,7 @@ void answerAll(std::istream& requests, std::ostream& answers) {
     Ops ops;
     addFileOps(ops);
     addNamingOps(ops);
+    addLookOps(ops);
     addMetadataOps(ops, surroundings);
     addEngineOps(ops, surroundings);
     for (std::string line; std::getline(requests, line);)

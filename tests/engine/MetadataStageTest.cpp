@@ -83,8 +83,8 @@ TEST_F(MetadataStage, TellsHowFarItIs) {
     photo("note.txt", "x");
     runWith(engine, withExifTool(dryOptions()));
     EXPECT_THAT(engine.observer.statusHistory,
-                ElementsAre("Scanning...", "Scanning…", "Reading EXIF metadata…", "Reading EXIF metadata… 1/1",
-                            "EXIF complete. Processing files…", "Done"));
+                ElementsAre("Scanning...", "Scanning…", "Checking integrity...", "Reading EXIF metadata…",
+                            "Reading EXIF metadata… 1/1", "EXIF complete. Processing files…", "Done"));
     EXPECT_THAT(engine.observer.progressHistory, ElementsAre(0.0, 0.15, 0.15, 1.0));
 }
 

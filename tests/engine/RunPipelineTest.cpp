@@ -32,20 +32,21 @@ TEST_F(RunPipelineTest, ADryRunTellsEverythingAndChangesNothing) {
     const auto decision =
         "kind=Filename; strong=Y; date=2023-08-14 14:30:21; first='Italy'; tail='Italy\\Day 1'; dest='" + destination +
         "'";
-    EXPECT_THAT(log(),
-                ElementsAre("⚙ Source 1/1: " + source, "  scoped access: true", "  exists: true",
-                            "⚙ Dest URL:   " + dest, "⚙ Dest   scoped access granted: true", "Total files: 1",
-                            "chosen=Filename(70); candidates=[Filename(70)=2023-08-14 14:30:21; "
-                            "FS ModificationDate(20)=2023-09-01 12:00:00]",
-                            "[DRY] Copy: " + path + " -> " + destination,
-                            "Preview plan written: " + dest + "/_preview_plan.csv", "",
-                            "═══════════════════════════════════════════", "  PERFORMANCE SUMMARY",
-                            "═══════════════════════════════════════════", "  Files processed:    1 of 1",
-                            "  Total data:         5 B", "  Elapsed time:       0s", "  Avg throughput:     0 B/s",
-                            "  Avg file size:      5 B", "  Files/second:       0.0", "  Storage mode:       Local",
-                            "───────────────────────────────────────────", "  Date sources:", "    Filename: 1",
-                            "  File types:", "    .jpg: 1", "═══════════════════════════════════════════", ""));
-    EXPECT_THAT(harness.observer.statusHistory, ElementsAre("Scanning...", "Scanning…", "Done"));
+    EXPECT_THAT(
+        log(), ElementsAre(
+                   "⚙ Source 1/1: " + source, "  scoped access: true", "  exists: true", "⚙ Dest URL:   " + dest,
+                   "⚙ Dest   scoped access granted: true", "✓ Integrity check passed — 1 files OK", "Total files: 1",
+                   "chosen=Filename(70); candidates=[Filename(70)=2023-08-14 14:30:21; "
+                   "FS ModificationDate(20)=2023-09-01 12:00:00]",
+                   "[DRY] Copy: " + path + " -> " + destination, "Preview plan written: " + dest + "/_preview_plan.csv",
+                   "", "═══════════════════════════════════════════", "  PERFORMANCE SUMMARY",
+                   "═══════════════════════════════════════════", "  Files processed:    1 of 1",
+                   "  Total data:         5 B", "  Elapsed time:       0s", "  Avg throughput:     0 B/s",
+                   "  Avg file size:      5 B", "  Files/second:       0.0", "  Storage mode:       Local",
+                   "───────────────────────────────────────────", "  Date sources:", "    Filename: 1",
+                   "  File types:", "    .jpg: 1", "═══════════════════════════════════════════", ""));
+    EXPECT_THAT(harness.observer.statusHistory,
+                ElementsAre("Scanning...", "Scanning…", "Checking integrity...", "Done"));
     EXPECT_THAT(harness.observer.progressHistory, ElementsAre(0.0, 1.0));
 
     const auto& state = harness.state();
@@ -69,7 +70,7 @@ TEST_F(RunPipelineTest, ADryRunTellsEverythingAndChangesNothing) {
     stats.byExtension["jpg"] = 1;
     stats.dateSourceBreakdown["Filename"] = 1;
     EXPECT_EQ(state.libraryStats, stats);
-    EXPECT_EQ(state.integrityReport, IntegrityReport{});
+    EXPECT_EQ(state.integrityReport, (IntegrityReport{{}, {}, {}, false, false, 1}));
 
     EXPECT_THAT(filesBelow(dest), ElementsAre("_preview_plan.csv"));
     EXPECT_EQ(testing::contentOf(dest + "/_preview_plan.csv"), "source,destination,action,resolved_date,decision\n" +
@@ -199,8 +200,8 @@ TEST_F(RunPipelineTest, EveryTwoHundredFilesTheLoopPublishesProgress) {
         photo("20230814_143021_" + std::to_string(i) + ".jpg", "12");
     run(dryOptions());
     EXPECT_THAT(harness.observer.progressHistory, ElementsAre(0.0, 200.0 / 450, 400.0 / 450, 1.0));
-    EXPECT_THAT(harness.observer.statusHistory,
-                ElementsAre("Scanning...", "Scanning…", "200 of 450 — ETA 0s", "400 of 450 — ETA 0s", "Done"));
+    EXPECT_THAT(harness.observer.statusHistory, ElementsAre("Scanning...", "Scanning…", "Checking integrity...",
+                                                            "200 of 450 — ETA 0s", "400 of 450 — ETA 0s", "Done"));
     EXPECT_EQ(harness.state().bytesProcessed, 900);
     EXPECT_EQ(harness.notifications.last()->body, "450 files processed.");
 }

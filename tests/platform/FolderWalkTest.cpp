@@ -162,6 +162,72 @@ TEST(FolderWalk, LeavesOutAFolderThatVanishedMeanwhile) {
     EXPECT_FALSE(walk->next());
 }
 
+// Asks the walk to stop at the n-th call to the disk, and counts all.
+class StoppingFileSystem final : public testing::ForwardingFileSystem {
+public:
+    StoppingFileSystem(FileSystem& real, int call) : ForwardingFileSystem(real), stopAt_(call) {}
+
+    [[nodiscard]] Expected<std::unique_ptr<Directory>> openDirectory(const std::string& path, bool follow) override {
+        countCall();
+        auto opened = real().openDirectory(path, follow);
+        if (!opened) return opened;
+        return std::make_unique<Counted>(*this, std::move(*opened));
+    }
+
+    [[nodiscard]] std::stop_token token() const { return source_.get_token(); }
+
+    int calls = 0;
+
+private:
+    class Counted final : public Directory {
+    public:
+        Counted(StoppingFileSystem& owner, std::unique_ptr<Directory> folder)
+            : owner_(owner), folder_(std::move(folder)) {}
+        [[nodiscard]] Expected<std::optional<Entry>> next() override {
+            owner_.countCall();
+            return folder_->next();
+        }
+        [[nodiscard]] Expected<FileStatus> statusOf(const char* name) override { return folder_->statusOf(name); }
+        [[nodiscard]] Expected<FileIdentity> identity() override { return folder_->identity(); }
+
+    private:
+        StoppingFileSystem& owner_;
+        std::unique_ptr<Directory> folder_;
+    };
+
+    void countCall() {
+        if (++calls == stopAt_) source_.request_stop();
+    }
+
+    int stopAt_;
+    std::stop_source source_;
+};
+
+// Calls to the disk that a walk makes which is asked to stop at call number `call`.
+int callsOfWalkStoppedAt(int call, const std::string& source) {
+    LinuxFileSystem disk;
+    StoppingFileSystem fileSystem(disk, call);
+    auto walk = FolderWalk::open(fileSystem, source, fileSystem.token());
+    EXPECT_TRUE(walk);
+    while (walk && walk->next()) {
+    }
+    return fileSystem.calls;
+}
+
+TEST(FolderWalk, EndsBehindTheCallUnderWayWhenAskedToStop) {
+    const TemporaryFolder folder;
+    for (int i = 0; i < 5; ++i) {
+        folder.makeFolder("empty" + std::to_string(i));
+        folder.write(".hidden" + std::to_string(i));
+        folder.write("file" + std::to_string(i));
+    }
+    // The top: opened, 15 entries and an end; then each of the five opened and at its end.
+    constexpr int kCalls = 1 + 16 + 5 * 2;
+    EXPECT_EQ(callsOfWalkStoppedAt(kCalls + 1, folder.path()), kCalls);
+    for (int call = 1; call <= kCalls; ++call)
+        EXPECT_EQ(callsOfWalkStoppedAt(call, folder.path()), call);
+}
+
 TEST(FolderWalk, GoesThroughATreeAsDeepAsAPathMayBe) {
     constexpr std::size_t kDeepest = 4'000;
     const TemporaryFolder folder;

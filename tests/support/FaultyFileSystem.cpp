@@ -195,4 +195,14 @@ Expected<void> FaultyFileSystem::setModificationDate(const std::string& path, In
     return real_.setModificationDate(path, date);
 }
 
+Expected<bool> FaultyFileSystem::volumeIsReadOnly(const std::string& path) {
+    if (plan_->strikes()) return systemFailure(plan_->errnoValue);
+    return real_.volumeIsReadOnly(path);
+}
+
+Expected<std::int64_t> FaultyFileSystem::availableBytes(const std::string& path) {
+    if (plan_->strikes()) return systemFailure(plan_->errnoValue);
+    return real_.availableBytes(path);
+}
+
 }  // namespace vellomar::testing

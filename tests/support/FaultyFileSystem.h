@@ -42,6 +42,8 @@ public:
     [[nodiscard]] Expected<void> syncDirectory(const std::string& path) override;
     [[nodiscard]] Expected<bool> volumeIsLocal(const std::string& path) override;
     [[nodiscard]] Expected<void> setModificationDate(const std::string& path, Instant date) override;
+    [[nodiscard]] Expected<bool> volumeIsReadOnly(const std::string& path) override;
+    [[nodiscard]] Expected<std::int64_t> availableBytes(const std::string& path) override;
 
     // Shared with the files and folders that were opened.
     struct Plan {

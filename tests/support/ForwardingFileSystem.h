@@ -45,6 +45,12 @@ public:
     [[nodiscard]] Expected<void> setModificationDate(const std::string& path, Instant date) override {
         return real_.setModificationDate(path, date);
     }
+    [[nodiscard]] Expected<bool> volumeIsReadOnly(const std::string& path) override {
+        return real_.volumeIsReadOnly(path);
+    }
+    [[nodiscard]] Expected<std::int64_t> availableBytes(const std::string& path) override {
+        return real_.availableBytes(path);
+    }
 
 protected:
     [[nodiscard]] FileSystem& real() const { return real_; }

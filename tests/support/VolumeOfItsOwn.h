@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <utility>
+
+namespace vellomar::testing {
+
+// A small empty volume in memory, mounted where nobody but its test sees it.
+class VolumeOfItsOwn {
+public:
+    [[nodiscard]] const std::string& path() const { return path_; }
+
+    // From here on nothing can be changed on it.
+    void makeReadOnly() const;
+
+private:
+    friend int withVolumeOfItsOwn(std::size_t size, const std::function<void(const VolumeOfItsOwn&)>& body);
+
+    explicit VolumeOfItsOwn(std::string path) : path_(std::move(path)) {}
+
+    std::string path_;
+};
+
+// Runs `body` with a volume of `size` bytes, a multiple of a page, on a thread whose view of the disk is its own; so is
+// that of the threads and programs that it starts. The volume goes with the last of them. Returns 0, or, with nothing
+// run, why this user may mount nothing (EPERM, EACCES).
+[[nodiscard]] int withVolumeOfItsOwn(std::size_t size, const std::function<void(const VolumeOfItsOwn&)>& body);
+
+}  // namespace vellomar::testing
