@@ -24,6 +24,9 @@ namespace vellomar::bench {
 // What it gains that files without a twin in size are not read in the search for duplicates.
 [[nodiscard]] std::vector<Result> benchmarkDuplicates(const Arguments& arguments);
 
+// What it costs to compare the perceptual hashes of all images of a library, at thresholds of different size.
+[[nodiscard]] std::vector<Result> benchmarkNearDuplicates(const Arguments& arguments);
+
 // ExifTool's batches over photos against ExifTool started bare; and reading the same photos by the decoder against a
 // bare loop over the library; and what a request to the decoder costs beyond the reading.
 [[nodiscard]] std::vector<Result> benchmarkMetadata(const Arguments& arguments);

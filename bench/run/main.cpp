@@ -21,8 +21,8 @@ namespace {
 
 constexpr const char* kUsage = R"(Usage: vellomar_bench [OPTION...]
 
-  --only NAME    scan, estimate, plan, copy, copy-small, digest, duplicates, metadata, reading, requests,
-                 pictures or undo; may be given several times
+  --only NAME    scan, estimate, plan, copy, copy-small, digest, duplicates, near-duplicates, metadata,
+                 reading, requests, pictures or undo; may be given several times
   --files N      size of the large library instead of 300,000; all corpora are scaled alike, for a quick look
   --rounds N     rounds of each comparison, 5 by default; medians count
   --json         the results as JSON
@@ -42,6 +42,7 @@ const std::vector<std::pair<std::string, Benchmark>>& benchmarks() {
         {"copy-small", &benchmarkCopyOfSmallFiles},
         {"digest", &benchmarkDigest},
         {"duplicates", &benchmarkDuplicates},
+        {"near-duplicates", &benchmarkNearDuplicates},
         {"metadata", &benchmarkMetadata},
         {"reading", &benchmarkReading},
         {"requests", &benchmarkRequests},

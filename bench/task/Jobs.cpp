@@ -15,6 +15,7 @@
 #include "measure/Measurement.h"
 #include "platform/FileDigest.h"
 #include "support/EngineHarness.h"
+#include "task/DuplicateJobs.h"
 #include "task/MetadataJobs.h"
 #include "undo/ManifestFiles.h"
 
@@ -160,6 +161,7 @@ const std::map<std::string_view, Job>& jobs() {
         {"digest", [](const std::string& source, const std::string& /*dest*/) { digest(source); }},
         {"digest-all", [](const std::string& source, const std::string& /*dest*/) { digestAll(source); }},
         {"undo", [](const std::string& manifest, const std::string& /*dest*/) { undo(manifest); }},
+        {"near-duplicates", &findNearDuplicatesAmong},
         {"exiftool", [](const std::string& list, const std::string& /*dest*/) { askExifTool(list); }},
         {"read", [](const std::string& list, const std::string& /*dest*/) { readByDecoder(list); }},
         {"ask", [](const std::string& list, const std::string& /*dest*/) { askDecoder(list); }},

@@ -28,6 +28,10 @@ using Job = std::function<void(const std::string& source, const std::string& des
 //
 //   undo           an undo of all its entries
 //
+// for a source that is a number of images, and a threshold in place of the folder:
+//
+//   near-duplicates   grouped() and findNearDuplicates() over random hashes
+//
 // and, for a source that lists the paths of photos, one a line:
 //
 //   exiftool       batchReadExif() as a run asks for it

@@ -7,7 +7,9 @@
 #include <fmt/format.h>
 
 #include "dates/DateDecision.h"
+#include "duplicates/PerceptualHash.h"
 #include "engine/TextFormats.h"
+#include "engine/model/FileKind.h"
 #include "platform/FreeName.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
@@ -75,7 +77,8 @@ void FileLoop::handle(const TaggedFile& file) {
     const auto& destination = entry.first;
     addToStatistics(file, decision);
     addPlanRow(file, decision, destination);
-    recordForDuplicates(decision, entry);
+    recordForDuplicates(file, decision, entry);
+    hashPicture(file, destination);
     if (options().dryRun)
         plan(file, destination);
     else
@@ -132,11 +135,19 @@ void FileLoop::addPlanRow(const TaggedFile& file, const DecisionResult& decision
     if (pendingRows_.size() >= kRowBatchSize) publishRows();
 }
 
-void FileLoop::recordForDuplicates(DecisionResult& decision, DestinationEntry& entry) {
+void FileLoop::recordForDuplicates(const TaggedFile& file, DecisionResult& decision, DestinationEntry& entry) {
     auto& [destination, placed] = entry;
     placed.fileDate = decision.dateUsed;
     placed.meaningfulTail = std::move(decision.meaningfulTail);
+    placed.source = &file;
     if (decision.sha256) state_.hashGroups[*decision.sha256].push_back(destination);
+}
+
+// Before the transfer, which may take the source away.
+void FileLoop::hashPicture(const TaggedFile& file, std::string_view destination) {
+    if (!options().usePerceptualHash || options().storageIsNetwork || fileKindOf(file.path) != FileKind::image) return;
+    const auto hash = perceptualHash(context_.services.fileSystem, pixels_, file.path);
+    if (hash) state_.perceptualBuckets.append(*hash, file.path, destination);
 }
 
 void FileLoop::plan(const TaggedFile& file, const std::string& destination) {

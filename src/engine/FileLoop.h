@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -39,7 +40,8 @@ private:
     [[nodiscard]] DestinationEntry& takeDestination(const DecisionResult& decision);
     void addToStatistics(const TaggedFile& file, const DecisionResult& decision);
     void addPlanRow(const TaggedFile& file, const DecisionResult& decision, const std::string& destination);
-    void recordForDuplicates(DecisionResult& decision, DestinationEntry& entry);
+    void recordForDuplicates(const TaggedFile& file, DecisionResult& decision, DestinationEntry& entry);
+    void hashPicture(const TaggedFile& file, std::string_view destination);
     void plan(const TaggedFile& file, const std::string& destination);
     void publishRows();
     void publishProgress(std::size_t count);

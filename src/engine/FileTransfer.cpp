@@ -81,8 +81,9 @@ void FileTransfer::move(const Road& road) {
     if (*placement == Placement::skipped) return;
     if (const auto removed = removeSource(road, *statusBeforeCopy); !removed)
         context_.appendLog("⚠ Could not delete source after move: " + removed.error().description);
-    record(road, UndoEntry::OpType::move,
-           context_.options().computeHashForDuplicates ? sha256OfFile(disk(), road.destination) : std::nullopt);
+    auto hash = context_.options().computeHashForDuplicates ? sha256OfFile(disk(), road.destination) : std::nullopt;
+    if (*placement == Placement::placed) markPlaced(road, hash);
+    record(road, UndoEntry::OpType::move, std::move(hash));
     context_.appendLog(fmt::format("✓ Moved: {} → {}", road.name, road.destination));
 }
 
@@ -109,6 +110,7 @@ void FileTransfer::copy(const Road& road) {
     if (options.syncFSDates) static_cast<void>(disk().setModificationDate(road.destination, road.decision.dateUsed));
     if (options.moveSidecars) copySidecars(road);
     changeCopy(road);
+    if (*placement == Placement::placed) markPlaced(road, hash);
     record(road, UndoEntry::OpType::copy, std::move(hash));
     context_.appendLog(fmt::format("✓ Copied: {} → {}", road.name, road.destination));
 }
@@ -149,7 +151,7 @@ Expected<FileTransfer::Placement> FileTransfer::settleConflict(const Road& road)
 Expected<FileTransfer::Placement> FileTransfer::placeUnderFreeName(const Road& road) {
     while (true) {
         const auto renamed = disk().renameWithoutReplacing(road.partial, uniqueDestination(disk(), road.destination));
-        if (renamed) return Placement::placed;
+        if (renamed) return Placement::underFreeName;
         if (!isSystemError(renamed.error(), EEXIST)) return tl::unexpected(renamed.error());
     }
 }
@@ -242,6 +244,18 @@ void FileTransfer::logCopyFailure(const Road& road, const Error& error) {
 void FileTransfer::record(const Road& road, UndoEntry::OpType op, std::optional<std::string> sha256) {
     state_.manifest.appendUndoEntry(
         {op, road.source, road.destination, std::move(sha256), context_.services.clock.now()});
+}
+
+// What the search for duplicates needs to know before it may remove a file: that this very file came from this run and
+// holds what it was to hold.
+void FileTransfer::markPlaced(const Road& road, const std::optional<std::string>& destinationHash) {
+    const bool mayBeRemoved = context_.options().duplicateAction != DuplicateAction::log && road.decision.sha256;
+    if (!mayBeRemoved || destinationHash != road.decision.sha256) return;
+    const auto status = disk().status(road.destination);
+    const auto placed = state_.usedDestPaths.find(road.destination);
+    const auto group = state_.hashGroups.find(*road.decision.sha256);
+    if (!status || placed == state_.usedDestPaths.end() || group == state_.hashGroups.end()) return;
+    placed->second.mark = std::make_unique<PlacementMark>(PlacementMark{group->first, *status});
 }
 
 bool FileTransfer::exists(const std::string& path) const {

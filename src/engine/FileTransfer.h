@@ -40,7 +40,7 @@ private:
         std::string parent;   // of the destination
         std::string partial;  // work file beside the destination
     };
-    enum class Placement { placed, skipped };
+    enum class Placement { placed, underFreeName, skipped };
 
     void move(const Road& road);
     void copy(const Road& road);
@@ -60,6 +60,7 @@ private:
     void convertToJpeg(const Road& road);
     void stripMetadata(const Road& road);
     void logCopyFailure(const Road& road, const Error& error);
+    void markPlaced(const Road& road, const std::optional<std::string>& destinationHash);
     void record(const Road& road, UndoEntry::OpType op, std::optional<std::string> sha256);
 
     [[nodiscard]] FileSystem& disk() const { return context_.services.fileSystem; }

@@ -9,8 +9,11 @@
 #include <vector>
 
 #include "dates/DateCandidate.h"
+#include "duplicates/ExactDuplicates.h"
+#include "duplicates/PerceptualBuckets.h"
 #include "engine/EnginePort.h"
 #include "engine/EngineServices.h"
+#include "engine/PlacementMark.h"
 #include "engine/RunLog.h"
 #include "engine/model/LibraryStats.h"
 #include "engine/model/Options.h"
@@ -43,6 +46,9 @@ struct RunContext {
 struct PlacedFile {
     Instant fileDate;                         // the date that was decided
     std::vector<std::string> meaningfulTail;  // the folder names that say something, outermost first
+    const TaggedFile* source = nullptr;       // what was to go there; of RunState::files
+    // Only where duplicates may be removed, of files that may be some; a pointer, as most files have none.
+    std::unique_ptr<const PlacementMark> mark;
 };
 
 // What a run knows, growing from stage to stage. The run's thread alone touches it. Everything here may exist once per
@@ -57,7 +63,9 @@ struct RunState {
     // Final destinations taken so far, with what is known of each. One table, as every look into it misses the caches.
     std::unordered_map<std::string, PlacedFile> usedDestPaths;
     // By SHA-256: final destinations in processing order, views of the table above.
-    std::unordered_map<std::string, std::vector<std::string_view>> hashGroups;
+    HashGroups hashGroups;
+    // By perceptual hash: views of the paths of `files` and of the table above.
+    PerceptualBuckets perceptualBuckets;
 
     UndoManifest manifest;
     LibraryStats libraryStats;

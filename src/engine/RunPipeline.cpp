@@ -6,9 +6,11 @@
 
 #include <fmt/format.h>
 
+#include "engine/DuplicateStage.h"
 #include "engine/FileLoop.h"
 #include "engine/IntegrityCheck.h"
 #include "engine/MetadataStage.h"
+#include "engine/NearDuplicateStage.h"
 #include "engine/PairDetection.h"
 #include "engine/PlanFiles.h"
 #include "engine/RunSummary.h"
@@ -185,6 +187,8 @@ private:
             const auto name = saveManifest(disk(), state_.manifest, dest(), context_.services.clock.now());
             context_.appendLog("Undo manifest saved: " + name);
         }
+        reportDuplicates(context_, state_);
+        if (options().usePerceptualHash && !state_.perceptualBuckets.empty()) reportNearDuplicates(context_, state_);
         if (options().dryRun) leavePreviewPlan();
     }
 

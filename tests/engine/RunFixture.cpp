@@ -45,7 +45,8 @@ std::vector<std::string> RunTest::fileLines() const {
     const auto first = std::ranges::find_if(all, [](const auto& line) { return line.starts_with("Total files: "); });
     std::vector<std::string> lines;
     for (auto line = first == all.end() ? first : first + 1; line != all.end(); ++line) {
-        if (startsAny(*line, {"Undo manifest saved: ", "Preview plan written: ", "═"}) || line->empty()) break;
+        if (startsAny(*line, {"Undo manifest saved: ", "No duplicates detected.", "Found ", "═"}) || line->empty())
+            break;
         if (!line->starts_with("chosen=")) lines.push_back(*line);
     }
     return lines;

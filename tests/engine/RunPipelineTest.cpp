@@ -33,18 +33,19 @@ TEST_F(RunPipelineTest, ADryRunTellsEverythingAndChangesNothing) {
         "kind=Filename; strong=Y; date=2023-08-14 14:30:21; first='Italy'; tail='Italy\\Day 1'; dest='" + destination +
         "'";
     EXPECT_THAT(
-        log(), ElementsAre(
-                   "⚙ Source 1/1: " + source, "  scoped access: true", "  exists: true", "⚙ Dest URL:   " + dest,
-                   "⚙ Dest   scoped access granted: true", "✓ Integrity check passed — 1 files OK", "Total files: 1",
-                   "chosen=Filename(70); candidates=[Filename(70)=2023-08-14 14:30:21; "
-                   "FS ModificationDate(20)=2023-09-01 12:00:00]",
-                   "[DRY] Copy: " + path + " -> " + destination, "Preview plan written: " + dest + "/_preview_plan.csv",
-                   "", "═══════════════════════════════════════════", "  PERFORMANCE SUMMARY",
-                   "═══════════════════════════════════════════", "  Files processed:    1 of 1",
-                   "  Total data:         5 B", "  Elapsed time:       0s", "  Avg throughput:     0 B/s",
-                   "  Avg file size:      5 B", "  Files/second:       0.0", "  Storage mode:       Local",
-                   "───────────────────────────────────────────", "  Date sources:", "    Filename: 1",
-                   "  File types:", "    .jpg: 1", "═══════════════════════════════════════════", ""));
+        log(),
+        ElementsAre("⚙ Source 1/1: " + source, "  scoped access: true", "  exists: true", "⚙ Dest URL:   " + dest,
+                    "⚙ Dest   scoped access granted: true", "✓ Integrity check passed — 1 files OK", "Total files: 1",
+                    "chosen=Filename(70); candidates=[Filename(70)=2023-08-14 14:30:21; "
+                    "FS ModificationDate(20)=2023-09-01 12:00:00]",
+                    "[DRY] Copy: " + path + " -> " + destination, "No duplicates detected.",
+                    "Preview plan written: " + dest + "/_preview_plan.csv", "",
+                    "═══════════════════════════════════════════", "  PERFORMANCE SUMMARY",
+                    "═══════════════════════════════════════════", "  Files processed:    1 of 1",
+                    "  Total data:         5 B", "  Elapsed time:       0s", "  Avg throughput:     0 B/s",
+                    "  Avg file size:      5 B", "  Files/second:       0.0", "  Storage mode:       Local",
+                    "───────────────────────────────────────────", "  Date sources:", "    Filename: 1",
+                    "  File types:", "    .jpg: 1", "═══════════════════════════════════════════", ""));
     EXPECT_THAT(harness.observer.statusHistory,
                 ElementsAre("Scanning...", "Scanning…", "Checking integrity...", "Done"));
     EXPECT_THAT(harness.observer.progressHistory, ElementsAre(0.0, 1.0));
