@@ -9,6 +9,7 @@
 #include "engine/StageFixture.h"
 #include "platform/FileDigest.h"
 #include "support/ForwardingFileSystem.h"
+#include "support/ScopedTimeZone.h"
 
 namespace vellomar {
 namespace {
@@ -410,6 +411,7 @@ TEST_F(DuplicateRunTest, TheNextRunForgetsThem) {
 }
 
 TEST_F(DuplicateRunTest, AnUndoEntryOfARemovedDuplicateStays) {
+    const testing::ScopedTimeZone utc("UTC");
     photo("a/20230814_143021.jpg", "twin");
     photo("b/20230814_143021.jpg", "twin");
     auto options = copyOptions();
