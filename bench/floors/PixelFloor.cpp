@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdio>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <vector>
 
@@ -24,21 +23,22 @@ struct Picture {
     std::vector<unsigned char> pixels;
 };
 
-std::vector<unsigned char> contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+void readWhole(const std::string& path, std::string& content) {
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    content.resize(static_cast<std::size_t>(file.tellg()));
+    file.seekg(0);
+    file.read(content.data(), static_cast<std::streamsize>(content.size()));
 }
 
-Picture decode(tjhandle decompressor, const std::vector<unsigned char>& file) {
-    Picture picture;
+// Into the memory of the picture before it.
+void decode(tjhandle decompressor, const std::string& content, Picture& picture) {
+    const auto* file = reinterpret_cast<const unsigned char*>(content.data());
     int subsampling = 0;
     int colours = 0;
-    tjDecompressHeader3(decompressor, file.data(), file.size(), &picture.width, &picture.height, &subsampling,
-                        &colours);
+    tjDecompressHeader3(decompressor, file, content.size(), &picture.width, &picture.height, &subsampling, &colours);
     picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
-    tjDecompress2(decompressor, file.data(), file.size(), picture.pixels.data(), picture.width, picture.width,
+    tjDecompress2(decompressor, file, content.size(), picture.pixels.data(), picture.width, picture.width,
                   picture.height, TJPF_GRAY, TJFLAG_ACCURATEDCT);
-    return picture;
 }
 
 // Each pixel counts to the one that its corner lies on.
@@ -73,11 +73,15 @@ int main(int argc, char** argv) {
     const auto paths = pathsIn(argv[1]);
     const auto decompressor = tjInitDecompress();
     std::uint64_t falls = 0;
+    std::string content;
+    Picture picture;
     printMeasurementOf([&] {
         Amount sum;
         for (const auto& path : paths) {
             ++sum.files;
-            falls += reduce(decode(decompressor, contentOf(path)));
+            readWhole(path, content);
+            decode(decompressor, content, picture);
+            falls += reduce(picture);
         }
         return sum;
     });
