@@ -90,10 +90,6 @@ void merge(RunState& state, BatchExifResult result) {
     state.exifCameras.merge(result.cameras);
 }
 
-void publishStatus(const RunContext& context, std::string text) {
-    context.port.hop([text = std::move(text)](MainActorState& main) { main.published.setStatus(text); });
-}
-
 // Reads both lists at once; returns when both are done.
 void readBoth(const RunContext& context, RunState& state, const std::vector<const TaggedFile*>& images,
               const std::vector<const TaggedFile*>& videos) {
@@ -125,7 +121,7 @@ void readBoth(const RunContext& context, RunState& state, const std::vector<cons
 }  // namespace
 
 void readMetadataInBatches(const RunContext& context, RunState& state) {
-    publishStatus(context, "Reading EXIF metadata…");
+    context.publishStatus("Reading EXIF metadata…");
     const auto& options = context.options();
     const auto images = filesOfKind(state.files, FileKind::image, options.useExifToolForImages);
     const auto videos = filesOfKind(state.files, FileKind::video, options.useExifToolForVideo);

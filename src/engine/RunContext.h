@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "dates/DateCandidate.h"
@@ -40,6 +41,9 @@ struct RunContext {
     [[nodiscard]] const Options& options() const { return request.options; }
     [[nodiscard]] bool isCancelled() const { return stop.stop_requested(); }
     void appendLog(std::string line) const { log.appendLog(std::move(line)); }
+    void publishStatus(std::string text) const {
+        port.hop([text = std::move(text)](MainActorState& main) { main.published.setStatus(text); });
+    }
 };
 
 // What a run keeps of a file under its final destination; of the last one where two files of a dry run share it.

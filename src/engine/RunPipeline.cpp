@@ -39,7 +39,7 @@ public:
 private:
     void performRun() {
         logSetup();
-        publishStatus("Scanning…");
+        context_.publishStatus("Scanning…");
         const auto skipPaths = readResumeSet();
         if (!scan(skipPaths)) return;
         checkIntegrity();
@@ -103,7 +103,8 @@ private:
     // False when there is nothing to do.
     [[nodiscard]] bool scan(const std::unordered_set<std::string>& skipPaths) {
         const ScanReports reports{
-            .filesFound = [&](std::size_t count) { publishStatus(fmt::format("Scanning… {} files found", count)); },
+            .filesFound =
+                [&](std::size_t count) { context_.publishStatus(fmt::format("Scanning… {} files found", count)); },
             .log = [&](std::string line) { context_.appendLog(std::move(line)); }};
         auto result = scanSources(disk(), context_.request.sources, options(), skipPaths, reports);
         state_.files = std::move(result.files);
@@ -130,7 +131,7 @@ private:
             context_.appendLog("⏭ Integrity check skipped — NAS storage mode selected");
             return;
         }
-        publishStatus("Checking integrity...");
+        context_.publishStatus("Checking integrity...");
         const IntegritySubject subject{state_.files, state_.bytesMeasured, dest()};
         const auto report = runIntegrityCheck(disk(), subject, options(), context_.stop);
         context_.port.hop([report](MainActorState& main) {
@@ -229,10 +230,6 @@ private:
     void postCompletionNotification() {
         context_.services.notifications.notify(notificationTitle(options().dryRun),
                                                notificationBody(state_.files.size()));
-    }
-
-    void publishStatus(std::string text) {
-        context_.port.hop([text = std::move(text)](MainActorState& main) { main.published.setStatus(text); });
     }
 
     [[nodiscard]] double elapsed() const {

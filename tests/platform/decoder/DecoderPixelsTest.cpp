@@ -38,13 +38,14 @@ protected:
     std::optional<GreyRaster> rasterOf(const std::string& path) {
         const auto file = disk.openForReading(path, true);
         EXPECT_TRUE(file.has_value()) << path;
-        return decoder.readGreyRaster(**file);
+        return file ? decoder.readGreyRaster(**file) : std::nullopt;
     }
 
     // The JPEG file that the decoder makes of a HEIC file; empty if it makes none.
     std::string convert(const std::string& path) {
         const auto file = disk.openForReading(path, true);
         EXPECT_TRUE(file.has_value()) << path;
+        if (!file) return {};
         auto memory = decoder.convertToJpeg(**file);
         if (!memory) return {};
         const auto bytes = memory->content().value();

@@ -1,12 +1,8 @@
 // Decodes pictures for the application, one after the other. See platform/decoder/PixelDecoder.h.
 
-#include <unistd.h>
-
-#include "platform/decoder/DecoderSocket.h"
 #include "platform/decoder/PixelMessages.h"
-#include "platform/decoder/worker/Confinement.h"
+#include "platform/decoder/worker/DecoderMain.h"
 #include "platform/decoder/worker/OpenImage.h"
-#include "platform/decoder/worker/RequestLoop.h"
 #include "platform/decoder/worker/pixels/GreyRasterReader.h"
 #include "platform/decoder/worker/pixels/HeifToJpeg.h"
 #include "platform/decoder/worker/pixels/PixelLibraries.h"
@@ -26,19 +22,17 @@ MessageBytes jpeg(const RequestedFile& file) {
     return writeJpegOfHeif(file.content, file.output) ? pictureWrittenAnswer() : noValueAnswer();
 }
 
+void prepareLibraries() {
+    prepareImageLibrary();
+    preparePixelLibraries();
+}
+
 }  // namespace
 }  // namespace vellomar
 
 int main() {
     using namespace vellomar;
-    constexpr int kNoLimits = 1;
-    if (!limitResources(kMostMemory)) return kNoLimits;
-    prepareImageLibrary();
-    preparePixelLibraries();
-    // A kernel without filters is no reason to show no photos: the process still stands apart, without privileges.
-    static_cast<void>(confine());
-    serveRequests(kDecoderSocket, {{DecoderRequest::greyRaster, {kMostComputing, greyRaster}},
-                                   {DecoderRequest::jpeg, {kMostComputing, jpeg}}});
-    // Nothing here needs an orderly end, and destructors of libraries may want what is not allowed any more.
-    _exit(0);
+    return decoderMain(
+        kMostMemory, prepareLibraries,
+        {{DecoderRequest::greyRaster, {kMostComputing, greyRaster}}, {DecoderRequest::jpeg, {kMostComputing, jpeg}}});
 }
