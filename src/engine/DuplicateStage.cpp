@@ -1,6 +1,5 @@
 #include "engine/DuplicateStage.h"
 
-#include <cerrno>
 #include <map>
 #include <set>
 #include <span>
@@ -12,7 +11,6 @@
 #include "engine/DuplicateRemoval.h"
 #include "platform/AtomicWrite.h"
 #include "platform/FileMove.h"
-#include "platform/FreeName.h"
 #include "platform/Path.h"
 
 namespace vellomar {
@@ -111,12 +109,7 @@ private:
     [[nodiscard]] Expected<void> moveToBin(const std::string& path) const {
         const auto bin = joinPath(dest(), kDuplicatesFolderName);
         static_cast<void>(makeDirectories(disk(), bin));
-        const auto wanted = joinPath(bin, lastPathComponent(path));
-        while (true) {
-            auto moved = moveFile(disk(), path, uniqueDestination(disk(), wanted));
-            // Somebody took the name between the look and the move.
-            if (moved || !isSystemError(moved.error(), EEXIST)) return moved;
-        }
+        return moveToFreeName(disk(), path, joinPath(bin, lastPathComponent(path))).map([](const std::string&) {});
     }
 
     void log(const std::string& path, const Expected<void>& outcome, std::string_view success,

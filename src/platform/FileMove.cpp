@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "platform/FileCopy.h"
+#include "platform/FreeName.h"
 #include "platform/Path.h"
 
 namespace vellomar {
@@ -90,6 +91,16 @@ Expected<void> moveFile(FileSystem& fileSystem, const std::string& from, const s
     // A copy carries content over, which pipes have none of and symlinks borrow.
     if (status->type != FileType::regular) return renamed;
     return MoveByCopy(fileSystem, from, to, *status).move();
+}
+
+Expected<std::string> moveToFreeName(FileSystem& fileSystem, const std::string& from, const std::string& wanted) {
+    constexpr int kMostNamesTried = 100;
+    for (int tried = 1;; ++tried) {
+        auto target = uniqueDestination(fileSystem, wanted);
+        const auto moved = moveFile(fileSystem, from, target);
+        if (moved) return target;
+        if (!isSystemError(moved.error(), EEXIST) || tried == kMostNamesTried) return tl::unexpected(moved.error());
+    }
 }
 
 }  // namespace vellomar

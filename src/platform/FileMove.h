@@ -21,4 +21,10 @@ inline constexpr std::string_view kPartialSuffix = ".__partial";
 // an original has become another file during its move, or can no longer be looked at, do both stay. Any thread.
 [[nodiscard]] Expected<void> moveFile(FileSystem& fileSystem, const std::string& from, const std::string& to);
 
+// The same to `wanted` or, if anything stands there, to the first free numbered name beside it (see
+// uniqueDestination()). Returns where the file is now. Another name is tried when somebody takes the chosen one
+// meanwhile, up to 100 times.
+[[nodiscard]] Expected<std::string> moveToFreeName(FileSystem& fileSystem, const std::string& from,
+                                                   const std::string& wanted);
+
 }  // namespace vellomar

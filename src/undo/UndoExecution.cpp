@@ -11,7 +11,6 @@
 
 #include "platform/FileDigest.h"
 #include "platform/FileMove.h"
-#include "platform/FreeName.h"
 #include "platform/Path.h"
 #include "undo/EmptyFolderSweep.h"
 
@@ -102,14 +101,7 @@ private:
         if (!isAbsolute(road.source)) return systemFailure(EINVAL);
         // If this fails, the move tells why.
         static_cast<void>(makeDirectories(fileSystem_, std::string(parentPath(road.source))));
-        constexpr int kMostNamesTried = 100;
-        for (int tried = 1;; ++tried) {
-            auto target = uniqueDestination(fileSystem_, road.source);
-            const auto moved = moveFile(fileSystem_, road.destination, target);
-            if (moved) return target;
-            // EEXIST: somebody took the name since we looked, so we look again.
-            if (!isSystemError(moved.error(), EEXIST) || tried == kMostNamesTried) return tl::unexpected(moved.error());
-        }
+        return moveToFreeName(fileSystem_, road.destination, road.source);
     }
 
     void skip(std::string_view reason, const Road& road) {

@@ -105,6 +105,19 @@ TEST_F(FileMove, NothingIsCopiedToANameThatIsTaken) {
     EXPECT_EQ(contentOf(far), "other");
 }
 
+TEST_F(FileMove, ToAFreeNameNeverReplacesWhatStands) {
+    for (const auto& wanted : targets()) {
+        SCOPED_TRACE(wanted);
+        folder.write("near/photo.jpg", "photo");
+        folder.write(wanted.substr(folder.path().size() + 1), "other");
+        const auto numbered = wanted.substr(0, wanted.size() - 4) + " (1).jpg";
+        EXPECT_EQ(moveToFreeName(fileSystem, from, wanted), numbered);
+        EXPECT_EQ(contentOf(wanted), "other");
+        EXPECT_EQ(contentOf(numbered), "photo");
+        EXPECT_FALSE(exists(from));
+    }
+}
+
 TEST_F(FileMove, RefusesFolders) {
     const auto whole = folder.makeFolder("near/folder/with/more");
     for (const auto& to : targets()) {
