@@ -1,10 +1,12 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 
 #include <unicode/locid.h>
 #include <unicode/normalizer2.h>
+#include <unicode/uchar.h>
 #include <unicode/uloc.h>
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
@@ -53,6 +55,15 @@ std::string transformed(std::string_view text, const std::function<void(icu::Uni
         text.remove_prefix(prefix.size());
     }
     return result;
+}
+
+// A stray byte is none.
+bool beginsWithWhiteSpace(std::string_view text) {
+    UChar32 character = 0;
+    std::size_t size = 0;
+    const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+    U8_NEXT(bytes, size, text.size(), character);
+    return character >= 0 && u_isUWhiteSpace(character) != 0;
 }
 
 bool localeHasDotlessI() {
@@ -105,6 +116,22 @@ std::size_t characterCount(std::string_view text) {
 std::string lowercased(std::string_view text) {
     if (isAscii(text)) return asciiLowered(text);
     return transformed(text, [](icu::UnicodeString& stretch) { stretch.toLower(icu::Locale::getRoot()); });
+}
+
+std::string_view trimmed(std::string_view text) {
+    constexpr auto kNone = std::string_view::npos;
+    std::size_t begin = kNone;
+    std::size_t end = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto rest = text.substr(at);
+        const auto next = at + std::max<std::size_t>(utf8CharacterLength(rest), 1);
+        if (!beginsWithWhiteSpace(rest)) {
+            begin = std::min(begin, at);
+            end = next;
+        }
+        at = next;
+    }
+    return begin == kNone ? std::string_view() : text.substr(begin, end - begin);
 }
 
 bool containsIgnoringCase(std::string_view text, std::string_view needle) {

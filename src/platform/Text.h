@@ -20,6 +20,9 @@ namespace vellomar {
 // `text` in lower case, by Unicode's rules and no particular language's. Bytes that are not UTF-8 stay as they are.
 [[nodiscard]] std::string lowercased(std::string_view text);
 
+// `text` without the white space and line ends, of whatever script, at its beginning and end.
+[[nodiscard]] std::string_view trimmed(std::string_view text);
+
 // Whether `needle` occurs in `text`, ignoring case by Unicode's rules and those of the current locale (the Turkish
 // dotless i). A composed and a decomposed accent are the same letter, so that names from any system compare. An empty
 // `needle` occurs in nothing: a half-typed rule must not rename every folder. Bytes that are not UTF-8 compare as they

@@ -1,12 +1,19 @@
 #include "platform/Uuid.h"
 
 #include <bit>
+#include <charconv>
 #include <random>
+#include <system_error>
 
 #include <fmt/format.h>
 
 namespace vellomar {
 namespace {
+
+// Before which bytes a hyphen stands.
+bool beginsGroup(std::size_t i) {
+    return i == 4 || i == 6 || i == 8 || i == 10;
+}
 
 std::mt19937_64 seededGenerator() {
     std::random_device device;
@@ -27,10 +34,29 @@ Uuid Uuid::random() {
 std::string Uuid::text() const {
     std::string text;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
-        if (i == 4 || i == 6 || i == 8 || i == 10) text += '-';
+        if (beginsGroup(i)) text += '-';
         text += fmt::format("{:02X}", bytes[i]);
     }
     return text;
+}
+
+std::optional<Uuid> Uuid::fromText(std::string_view text) {
+    Uuid uuid;
+    for (std::size_t i = 0; i < uuid.bytes.size(); ++i) {
+        if (beginsGroup(i)) {
+            if (!text.starts_with('-')) return std::nullopt;
+            text.remove_prefix(1);
+        }
+        constexpr std::size_t kDigits = 2;
+        const auto digits = text.substr(0, kDigits);
+        constexpr int kHexadecimal = 16;
+        const auto [end, error] =
+            std::from_chars(digits.data(), digits.data() + digits.size(), uuid.bytes[i], kHexadecimal);
+        if (error != std::errc() || end != digits.data() + kDigits) return std::nullopt;
+        text.remove_prefix(kDigits);
+    }
+    if (!text.empty()) return std::nullopt;
+    return uuid;
 }
 
 }  // namespace vellomar

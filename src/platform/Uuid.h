@@ -2,7 +2,9 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace vellomar {
 
@@ -15,6 +17,9 @@ struct Uuid {
 
     // Thirty-two hexadecimal digits in upper case, in groups of 8-4-4-4-12.
     [[nodiscard]] std::string text() const;
+
+    // The reverse; digits may be of either case. Nothing for any other text.
+    [[nodiscard]] static std::optional<Uuid> fromText(std::string_view text);
 
     bool operator==(const Uuid&) const = default;
 };

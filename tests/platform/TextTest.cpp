@@ -103,6 +103,15 @@ TEST(Text, LoweringIsOfNoLanguage) {
     EXPECT_EQ(lowercased("DCIMÉ"), "dcimé");
 }
 
+TEST(Text, TrimsTheWhiteSpaceOfEveryScriptAtBothEnds) {
+    EXPECT_EQ(trimmed(" \t\r\n a b \n"), "a b");
+    EXPECT_EQ(trimmed("\u00A0\u2003\u3000\u2028\u0085名\u1680"), "名");
+    EXPECT_EQ(trimmed("a"), "a");
+    EXPECT_EQ(trimmed(" \xA0 "), "\xA0") << "a stray byte is no white space";
+    for (const auto* nothing : {"", " ", "\n\n", "\u2029"})
+        EXPECT_EQ(trimmed(nothing), "");
+}
+
 TEST(Text, SearchIgnoresCase) {
     EXPECT_TRUE(containsIgnoringCase("Big Island HAWAII trip", "hawaii"));
     EXPECT_TRUE(containsIgnoringCase("hawaii", "HAWAII"));
