@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QQmlEngine>
+
+namespace vellomar {
+
+// Makes the module "Vellomar", which has all screens and what they are made of, known to an engine, and the images that
+// it draws. Once an engine, before it loads anything.
+void installQmlModule(QQmlEngine& engine);
+
+}  // namespace vellomar

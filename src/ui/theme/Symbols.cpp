@@ -1,0 +1,63 @@
+#include "ui/theme/Symbols.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace vellomar {
+namespace {
+
+struct SymbolIcon {
+    std::u16string_view symbol;
+    std::u16string_view icon;  // name of an SVG file; the build takes the files to compile in from this table
+};
+
+// clang-format off
+constexpr std::array kSymbolIcons = {
+    SymbolIcon{u"arrow.down.circle.fill", u"arrow-down-circle-fill"},
+    SymbolIcon{u"arrow.down.doc", u"file-earmark-arrow-down"},
+    SymbolIcon{u"arrow.right", u"arrow-right"},
+    SymbolIcon{u"arrow.right.square.fill", u"arrow-right-square-fill"},
+    SymbolIcon{u"arrow.uturn.backward", u"arrow-counterclockwise"},
+    SymbolIcon{u"checkmark.shield", u"shield-check"},
+    SymbolIcon{u"checkmark.shield.fill", u"shield-fill-check"},
+    SymbolIcon{u"doc.badge.gearshape", u"file-earmark-code"},
+    SymbolIcon{u"doc.on.doc", u"files"},
+    SymbolIcon{u"doc.text", u"file-earmark-text"},
+    SymbolIcon{u"exclamationmark.shield.fill", u"shield-fill-exclamation"},
+    SymbolIcon{u"exclamationmark.triangle.fill", u"exclamation-triangle-fill"},
+    SymbolIcon{u"externaldrive.badge.exclamationmark", u"hdd-fill"},
+    SymbolIcon{u"eye", u"eye"},
+    SymbolIcon{u"eye.fill", u"eye-fill"},
+    SymbolIcon{u"folder.badge.plus", u"folder-plus"},
+    SymbolIcon{u"gauge.high", u"speedometer"},
+    SymbolIcon{u"play.fill", u"play-fill"},
+    SymbolIcon{u"questionmark.circle", u"question-circle"},
+    SymbolIcon{u"ruler", u"rulers"},
+    SymbolIcon{u"xmark.shield.fill", u"shield-fill-x"},
+};
+// clang-format on
+
+static_assert(std::ranges::is_sorted(kSymbolIcons, {}, &SymbolIcon::symbol));
+
+QString text(std::u16string_view characters) {
+    return QStringView(characters.data(), static_cast<qsizetype>(characters.size())).toString();
+}
+
+}  // namespace
+
+QString iconOf(QStringView symbol) {
+    const std::u16string_view wanted(symbol.utf16(), static_cast<std::size_t>(symbol.size()));
+    const auto* const found = std::ranges::lower_bound(kSymbolIcons, wanted, {}, &SymbolIcon::symbol);
+    if (found == kSymbolIcons.end() || found->symbol != wanted) return {};
+    return QStringLiteral(":/icons/") + text(found->icon) + QStringLiteral(".svg");
+}
+
+QStringList knownSymbols() {
+    QStringList symbols;
+    for (const SymbolIcon& row : kSymbolIcons)
+        symbols += text(row.symbol);
+    return symbols;
+}
+
+}  // namespace vellomar
