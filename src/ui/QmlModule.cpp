@@ -9,8 +9,11 @@ void qml_register_types_Vellomar();
 
 namespace vellomar {
 
-void installQmlModule(QQmlEngine& engine) {
+void chooseStyle() {
     QQuickStyle::setStyle(QStringLiteral("Basic"));
+}
+
+void installQmlModule(QQmlEngine& engine) {
     qml_register_types_Vellomar();
     engine.addImportPath(QStringLiteral("qrc:/qml"));
     engine.addImageProvider(QStringLiteral("symbols"), new SymbolImages);
