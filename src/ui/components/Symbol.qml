@@ -1,6 +1,7 @@
 import QtQuick
+import Vellomar
 
-// One symbol in one colour. It tells nothing to a screen reader: what it stands beside does.
+// One symbol in one colour; without a name nothing. It tells nothing to a screen reader: what it stands beside does.
 Image {
     required property string name
     property color colour: Theme.text
@@ -10,6 +11,6 @@ Image {
     height: size
     sourceSize.width: size
     sourceSize.height: size
-    source: "image://symbols/" + name + "/" + colour.toString().slice(1)
+    source: name === "" ? "" : "image://symbols/" + name + "/" + colour.toString().slice(1)
     Accessible.ignored: true
 }

@@ -46,6 +46,13 @@ class Theme : public QObject {
     Q_PROPERTY(QColor duplicateBadge MEMBER duplicateBadge CONSTANT)
     Q_PROPERTY(QColor warningText MEMBER warningText CONSTANT)
     Q_PROPERTY(QColor cameraBar MEMBER cameraBar CONSTANT)
+    Q_PROPERTY(QColor brightPanel MEMBER brightPanel CONSTANT)
+    Q_PROPERTY(QColor brightEdge MEMBER brightEdge CONSTANT)
+    Q_PROPERTY(QColor scrollTrack MEMBER scrollTrack CONSTANT)
+    Q_PROPERTY(QColor popover MEMBER popover CONSTANT)
+    Q_PROPERTY(QColor popoverText MEMBER popoverText CONSTANT)
+    Q_PROPERTY(QColor errorBar MEMBER errorBar CONSTANT)
+    Q_PROPERTY(QColor importedBadge MEMBER importedBadge CONSTANT)
     Q_PROPERTY(QString fontFamily READ fontFamily CONSTANT)
 
 public:
@@ -87,6 +94,13 @@ public:
     const QColor duplicateBadge = hex("2A1500");
     const QColor warningText = hex("C8A060");
     const QColor cameraBar = hex("5B9BD5");
+    const QColor brightPanel = hex("1C1C1C");
+    const QColor brightEdge = hex("323232");
+    const QColor scrollTrack = hex("333333");
+    const QColor popover = hex("1A1A1A");
+    const QColor popoverText = hex("E0E0DA");
+    const QColor errorBar = hex("1A0808");
+    const QColor importedBadge = hex("0A1A0A");
 
 private:
     static QColor hex(const char* digits);

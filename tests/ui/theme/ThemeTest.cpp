@@ -59,6 +59,13 @@ TEST(Theme, HasTheseColoursByTheseNames) {
         {"duplicateBadge", "2A1500"},
         {"warningText", "C8A060"},
         {"cameraBar", "5B9BD5"},
+        {"brightPanel", "1C1C1C"},
+        {"brightEdge", "323232"},
+        {"scrollTrack", "333333"},
+        {"popover", "1A1A1A"},
+        {"popoverText", "E0E0DA"},
+        {"errorBar", "1A0808"},
+        {"importedBadge", "0A1A0A"},
     };
     std::map<std::string, std::string> found;
     const auto& type = Theme::staticMetaObject;

@@ -1,0 +1,84 @@
+import QtQuick
+import Vellomar
+
+// What is too high scrolls, by the wheel, the scrollbar and the keys that nothing inside takes, and by itself to what
+// the keyboard's focus comes upon. Never sideways.
+Item {
+    id: root
+
+    property int padding: 0
+    property alias flickable: flickable
+    property alias contentY: flickable.contentY
+    default property alias content: holder.data
+
+    implicitHeight: flickable.contentHeight
+    Keys.onPressed: event => event.accepted = scrollBy(event.key)
+
+    // Whether the key is one that scrolls.
+    function scrollBy(key: int): bool {
+        const page = flickable.height * 0.9;
+        const step = ({
+            [Qt.Key_Up]: -40,
+            [Qt.Key_Down]: 40,
+            [Qt.Key_PageUp]: -page,
+            [Qt.Key_PageDown]: page,
+            [Qt.Key_Home]: -flickable.contentHeight,
+            [Qt.Key_End]: flickable.contentHeight
+        })[key];
+        if (step === undefined || !geometry.isVisible)
+            return false;
+        flickable.contentY = geometry.offsetWithin(flickable.contentY + step);
+        return true;
+    }
+
+    function reveal(item: Item) {
+        for (let above = item; above; above = above.parent) {
+            if (above !== holder)
+                continue;
+            const top = item.mapToItem(flickable.contentItem, 0, 0).y;
+            flickable.contentY = geometry.offsetToShow(top - 8, item.height + 16);
+        }
+    }
+
+    ScrollThumbGeometry {
+        id: geometry
+        offset: flickable.contentY
+        contentHeight: flickable.contentHeight
+        containerHeight: flickable.height
+    }
+
+    Connections {
+        target: root.Window.window
+
+        function onActiveFocusItemChanged() {
+            root.reveal(root.Window.activeFocusItem);
+        }
+    }
+
+    Flickable {
+        id: flickable
+        objectName: "flickable"
+        anchors.fill: parent
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+        contentWidth: width
+        contentHeight: holder.height + 2 * root.padding
+
+        Item {
+            id: holder
+            x: root.padding
+            y: root.padding
+            width: flickable.width - 2 * root.padding
+            height: childrenRect.height
+        }
+    }
+
+    ScrollTrack {
+        objectName: "scrollTrack"
+        anchors.top: parent.top
+        anchors.bottom: parent.bottom
+        anchors.right: parent.right
+        anchors.rightMargin: 4
+        flickable: flickable
+    }
+}
