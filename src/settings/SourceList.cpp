@@ -33,8 +33,12 @@ std::vector<std::string> SourceList::paths() const {
     return paths;
 }
 
+bool SourceList::contains(const std::string& path) const {
+    return std::ranges::find(entries_, path, &SourceEntry::path) != entries_.end();
+}
+
 bool SourceList::add(const std::string& path) {
-    if (std::ranges::find(entries_, path, &SourceEntry::path) != entries_.end()) return false;
+    if (contains(path)) return false;
     entries_.push_back({Uuid::random(), path, {}});
     save();
     return true;

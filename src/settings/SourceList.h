@@ -25,6 +25,8 @@ public:
     // The folders' paths, for a run.
     [[nodiscard]] std::vector<std::string> paths() const;
 
+    [[nodiscard]] bool contains(const std::string& path) const;
+
     // Appends a folder. False, and no change, if one of that very path is there.
     bool add(const std::string& path);
 

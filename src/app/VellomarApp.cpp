@@ -1,0 +1,71 @@
+#include "app/VellomarApp.h"
+
+#include <QDebug>
+#include <QGuiApplication>
+#include <QQmlComponent>
+#include <QVariantMap>
+
+#include "ui/QmlModule.h"
+
+namespace vellomar {
+namespace {
+
+std::unique_ptr<FileChooser> madeFor(QQmlEngine& qml, FileSystem& fileSystem,
+                                     const VellomarApp::Surroundings& surroundings) {
+    installQmlModule(qml);
+    return surroundings.makeFileChooser(qml, fileSystem);
+}
+
+}  // namespace
+
+VellomarApp::VellomarApp(const Surroundings& surroundings)
+    : settings_(fileSystem_, surroundings.settingsFile),
+      userDefaults_(settings_),
+      exifTool_(fileSystem_),
+      metadataReaders_(fileSystem_, surroundings.decoderProgram),
+      fileChooser_(madeFor(qml_, fileSystem_, surroundings)),
+      engine_(servicesFor(surroundings), &events_),
+      content_({engine_, events_, settings_, fileSystem_, clock_, exifTool_, *fileChooser_, background_}) {
+    connect(content_.quit(), &QuitFlow::finished, qGuiApp, &QGuiApplication::quit);
+    connect(content_.status(), &RunStatus::changed, this, &VellomarApp::tellProgress);
+    // Folders may have come and gone while the user looked elsewhere.
+    connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+        if (state == Qt::ApplicationActive) content_.folders()->look();
+    });
+}
+
+VellomarApp::~VellomarApp() = default;
+
+bool VellomarApp::show() {
+    QQmlComponent component(&qml_, QUrl(QStringLiteral("qrc:/qml/Vellomar/MainWindow.qml")));
+    root_.reset(component.createWithInitialProperties({{QStringLiteral("content"), QVariant::fromValue(&content_)}}));
+    window_ = qobject_cast<QQuickWindow*>(root_.get());
+    if (window_ == nullptr) {
+        qCritical().noquote() << component.errorString();
+        return false;
+    }
+    content_.appear();
+    window_->show();
+    return true;
+}
+
+void VellomarApp::raise(const QString& activationToken) {
+    if (window_ == nullptr) return;
+    // Where a compositor wants to see the token, Qt takes it from here.
+    if (!activationToken.isEmpty()) qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    if (window_->visibility() == QWindow::Minimized) window_->showNormal();
+    window_->show();
+    window_->raise();
+    window_->requestActivate();
+}
+
+EngineServices VellomarApp::servicesFor(const Surroundings& surroundings) {
+    return {mainActor_,    fileSystem_, clock_,           surroundings.notifications,      surroundings.sleepInhibitor,
+            userDefaults_, exifTool_,   metadataReaders_, surroundings.pixelDecoderProgram};
+}
+
+void VellomarApp::tellProgress() {
+    emit progressed(content_.status()->isRunning() ? content_.status()->progress() : -1);
+}
+
+}  // namespace vellomar

@@ -1,0 +1,72 @@
+// Starts Vellomar on the user's desktop, or shows the window of the one that runs.
+#include <QDBusConnection>
+#include <QGuiApplication>
+#include <QIcon>
+#include <memory>
+#include <string>
+
+#include "app/VellomarApp.h"
+#include "ui/QmlModule.h"
+#include "ui/desktop/DesktopFileChooser.h"
+#include "ui/desktop/DesktopNotifications.h"
+#include "ui/desktop/DesktopSleepInhibitor.h"
+#include "ui/desktop/LauncherProgress.h"
+#include "ui/desktop/SingleInstance.h"
+
+namespace vellomar {
+namespace {
+
+// Programs that only this one starts lie at this place beside it, built or installed.
+std::string companionProgram(const char* name) {
+    return QCoreApplication::applicationDirPath().toStdString() + "/" VELLOMAR_LIBEXEC_FROM_BIN "/" + name;
+}
+
+void nameApplication() {
+    QCoreApplication::setApplicationName(QStringLiteral("vellomar"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(VELLOMAR_VERSION));
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Vellomar"));
+    // By this the desktop finds the name and the icon of a window.
+    QGuiApplication::setDesktopFileName(QStringLiteral("vellomar"));
+    QGuiApplication::setWindowIcon(
+        QIcon::fromTheme(QStringLiteral("vellomar"), QIcon(QStringLiteral(":/vellomar.svg"))));
+}
+
+void showProgress(LauncherProgress& launcher, double fraction) {
+    if (fraction < 0)
+        launcher.hide();
+    else
+        launcher.show(fraction);
+}
+
+int run(const QString& activationToken) {
+    const auto session = QDBusConnection::sessionBus();
+    SingleInstance instance(session);
+    if (instance.claim(activationToken) == SingleInstance::Start::second) return 0;
+
+    DesktopNotifications notifications(session);
+    DesktopSleepInhibitor sleepInhibitor(session, QDBusConnection::systemBus());
+    LauncherProgress launcher(session);
+    VellomarApp application({.settingsFile = SettingsStore::defaultFile(),
+                             .decoderProgram = companionProgram("vellomar-decoder"),
+                             .pixelDecoderProgram = companionProgram("vellomar-pixel-decoder"),
+                             .notifications = notifications,
+                             .sleepInhibitor = sleepInhibitor,
+                             .makeFileChooser = [&session](QQmlEngine& engine, FileSystem& fileSystem) {
+                                 return std::make_unique<DesktopFileChooser>(session, engine, fileSystem);
+                             }});
+    QObject::connect(&application, &VellomarApp::progressed, &launcher,
+                     [&launcher](double fraction) { showProgress(launcher, fraction); });
+    QObject::connect(&instance, &SingleInstance::activated, &application, &VellomarApp::raise);
+    return application.show() ? QCoreApplication::exec() : 1;
+}
+
+}  // namespace
+}  // namespace vellomar
+
+int main(int argc, char** argv) {
+    const auto activationToken = vellomar::SingleInstance::activationTokenOfThisStart();
+    const QGuiApplication application(argc, argv);
+    vellomar::nameApplication();
+    vellomar::chooseStyle();
+    return vellomar::run(activationToken);
+}

@@ -1,0 +1,50 @@
+import QtQuick
+import QtQuick.Layouts
+import Vellomar
+
+// How the run goes, what it is about, what begins it, and its log.
+ColumnLayout {
+    id: column
+
+    required property ContentViewModel content
+
+    spacing: 0
+
+    ProgressArea {
+        status: column.content.status
+        visible: column.content.status.hasRun
+        Layout.fillWidth: true
+    }
+    ScrollArea {
+        padding: 16
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+
+        ColumnLayout {
+            width: parent.width
+            spacing: 12
+
+            StatCardRow {
+                labels: column.content.status.cardLabels
+                values: column.content.status.cardValues
+                Layout.fillWidth: true
+            }
+            BannerBox {
+                visible: column.content.hasBanner
+                symbol: column.content.bannerSymbol
+                colour: column.content.bannerColour
+                text: column.content.bannerText
+                Layout.fillWidth: true
+            }
+            ActionRow {
+                run: column.content.run
+                Layout.fillWidth: true
+            }
+        }
+    }
+    ActivityLog {
+        log: column.content.log
+        exports: column.content.exports
+        Layout.fillWidth: true
+    }
+}

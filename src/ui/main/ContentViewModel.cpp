@@ -1,0 +1,141 @@
+#include "ui/main/ContentViewModel.h"
+
+#include "settings/OptionSettings.h"
+#include "settings/SettingsKeys.h"
+#include "ui/components/TextFormatters.h"
+
+namespace vellomar {
+
+ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* parent)
+    : QObject(parent),
+      surroundings_(surroundings),
+      presets_(surroundings.settings),
+      status_(surroundings.engine.state(), surroundings.events),
+      log_(surroundings.engine.state(), surroundings.events),
+      folders_({surroundings.settings, surroundings.fileSystem, surroundings.chooser, surroundings.background}),
+      run_(surroundings.engine, surroundings.events, surroundings.settings, folders_.sourceList()),
+      undo_({surroundings.engine, surroundings.events, surroundings.settings, surroundings.fileSystem,
+             surroundings.chooser, surroundings.background}),
+      exports_({surroundings.engine.state(), log_, surroundings.clock, surroundings.fileSystem, surroundings.chooser,
+                surroundings.background}),
+      quit_(surroundings.engine, surroundings.events),
+      dryRun_(ConfirmationModel::Run::dry),
+      realRun_(ConfirmationModel::Run::real) {
+    connectFolders();
+    connectRun();
+    connectSettings();
+}
+
+void ContentViewModel::appear() {
+    presets_.load();
+    folders_.load();
+    auto options = buildOptions(surroundings_.settings);
+    options.includeVideos = false;
+    saveOption(surroundings_.settings, options, "opt_includeVideos");
+    lookForExifTool();
+}
+
+std::optional<Banner> ContentViewModel::banner() const {
+    return bannerFor(surroundings_.engine.state(), isSameFolder(folders_.sourceList().paths(), folders_.dest()),
+                     lowSpace());
+}
+
+QString ContentViewModel::bannerSymbol() const {
+    const auto shown = banner();
+    return shown ? shown->symbol : QString();
+}
+
+QColor ContentViewModel::bannerColour() const {
+    const auto shown = banner();
+    return shown ? shown->colour : QColor();
+}
+
+QString ContentViewModel::bannerText() const {
+    const auto shown = banner();
+    return shown ? shown->text : QString();
+}
+
+QString ContentViewModel::lowSpace() const {
+    return lowSpaceText(folders_.dest(), run_.estimate(), folders_.freeBytes());
+}
+
+bool ContentViewModel::floppyMode() const {
+    return surroundings_.settings.boolean(keys::kSecretFloppyMode);
+}
+
+void ContentViewModel::toggleFloppyMode() {
+    surroundings_.settings.setValue(keys::kSecretFloppyMode, !floppyMode());
+}
+
+void ContentViewModel::connectFolders() {
+    connect(&folders_, &Folders::sourcesChanged, &run_, &RunFlow::noteSources);
+    connect(&folders_, &Folders::sourcesChanged, this, &ContentViewModel::bannerChanged);
+    connect(&folders_, &Folders::changed, this, &ContentViewModel::bannerChanged);
+    connect(&folders_, &Folders::refusalChanged, this,
+            [this] { notices_.tell(QStringLiteral("folders"), folders_.refusal()); });
+}
+
+void ContentViewModel::connectRun() {
+    connect(&run_, &RunFlow::changed, this, &ContentViewModel::showConfirmation);
+    connect(&run_, &RunFlow::estimateChanged, this, &ContentViewModel::noteEstimate);
+    connect(&surroundings_.events, &EngineEvents::changed, this, [this](PublishedField field) {
+        if (field == PublishedField::integrityReport || field == PublishedField::verifyFailures) emit bannerChanged();
+        if (field == PublishedField::isRunning && !surroundings_.engine.state().isRunning) folders_.look();
+    });
+}
+
+void ContentViewModel::connectSettings() {
+    auto& settings = surroundings_.settings;
+    connect(&settings, &SettingsStore::changed, this, [this](const QString& key) {
+        if (key.toStdString() == keys::kSecretFloppyMode) emit floppyModeChanged();
+    });
+    connect(&settings, &SettingsStore::cannotSaveChanged, this, &ContentViewModel::tellOfSettings);
+    tellOfSettings();
+}
+
+void ContentViewModel::tellOfSettings() {
+    const auto& settings = surroundings_.settings;
+    notices_.tell(
+        QStringLiteral("settings"),
+        settings.cannotSave()
+            ? tr("Your settings cannot be saved. They count until you quit; check the disk and its permissions.")
+            : QString());
+    if (!settings.damagedFile().empty() && !hasToldOfDamage_)
+        notices_.tell(QStringLiteral("damage"),
+                      tr("The settings could not be read and start afresh. The old file was kept as %1.")
+                          .arg(displayText(settings.damagedFile())));
+    hasToldOfDamage_ = true;
+}
+
+void ContentViewModel::lookForExifTool() {
+    surroundings_.background.run(
+        [&exifTool = surroundings_.exifTool] { return !exifTool.locateExifTool().has_value(); },
+        [this](bool isLacking) {
+            lacksExifTool_ = isLacking;
+            emit exifToolChanged();
+        });
+}
+
+void ContentViewModel::noteEstimate() {
+    const auto& estimate = run_.estimate();
+    status_.setEstimate(estimate);
+    if (estimate) {
+        realRun_.setEstimate(*estimate);
+        folders_.look();
+    }
+    emit bannerChanged();
+}
+
+// A sheet gets what it shows before it opens, and is left alone from then on.
+void ContentViewModel::showConfirmation() {
+    if (run_.isDryRunAsked() && !isDryRunShown_) dryRun_.setSettings(confirmed(run_.nextRun()));
+    if (run_.isRunAsked() && !isRunShown_) realRun_.setSettings(confirmed(*run_.pendingRun()));
+    isDryRunShown_ = run_.isDryRunAsked();
+    isRunShown_ = run_.isRunAsked();
+}
+
+RunSettings ContentViewModel::confirmed(const RunPayload& run) const {
+    return {run.sources, run.dest, run.options, run_.estimate(), run_.activeRules()};
+}
+
+}  // namespace vellomar

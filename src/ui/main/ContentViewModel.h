@@ -1,0 +1,134 @@
+#pragma once
+
+#include <QColor>
+#include <QObject>
+#include <QString>
+#include <optional>
+
+#include <QtQml/qqmlregistration.h>
+
+#include "dates/ExifTool.h"
+#include "engine/OrganizerEngine.h"
+#include "platform/Clock.h"
+#include "platform/FileSystem.h"
+#include "settings/PresetList.h"
+#include "settings/SettingsStore.h"
+#include "ui/confirmation/ConfirmationModel.h"
+#include "ui/desktop/BackgroundWork.h"
+#include "ui/desktop/FileChooser.h"
+#include "ui/main/Banner.h"
+#include "ui/main/EngineEvents.h"
+#include "ui/main/Exports.h"
+#include "ui/main/Folders.h"
+#include "ui/main/LogModel.h"
+#include "ui/main/Notices.h"
+#include "ui/main/QuitFlow.h"
+#include "ui/main/RunFlow.h"
+#include "ui/main/RunStatus.h"
+#include "ui/undo/UndoFlow.h"
+
+namespace vellomar {
+
+// What the main window shows and does. Each area has a model of its own, found here by name; what lies between them
+// (an estimate that the cards, the banner and a sheet show) is connected here. Interface thread only.
+class ContentViewModel final : public QObject {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made by the application")
+    Q_PROPERTY(vellomar::RunStatus* status READ status CONSTANT)
+    Q_PROPERTY(vellomar::LogModel* log READ log CONSTANT)
+    Q_PROPERTY(vellomar::Folders* folders READ folders CONSTANT)
+    Q_PROPERTY(vellomar::RunFlow* run READ run CONSTANT)
+    Q_PROPERTY(vellomar::UndoFlow* undo READ undo CONSTANT)
+    Q_PROPERTY(vellomar::Exports* exports READ exports CONSTANT)
+    Q_PROPERTY(vellomar::QuitFlow* quit READ quit CONSTANT)
+    Q_PROPERTY(vellomar::Notices* notices READ notices CONSTANT)
+    Q_PROPERTY(vellomar::ConfirmationModel* dryRun READ dryRun CONSTANT)
+    Q_PROPERTY(vellomar::ConfirmationModel* realRun READ realRun CONSTANT)
+    Q_PROPERTY(bool hasBanner READ hasBanner NOTIFY bannerChanged)
+    Q_PROPERTY(QString bannerSymbol READ bannerSymbol NOTIFY bannerChanged)
+    Q_PROPERTY(QColor bannerColour READ bannerColour NOTIFY bannerChanged)
+    Q_PROPERTY(QString bannerText READ bannerText NOTIFY bannerChanged)
+    Q_PROPERTY(QString lowSpaceText READ lowSpace NOTIFY bannerChanged)
+    Q_PROPERTY(bool lacksExifTool READ lacksExifTool NOTIFY exifToolChanged)
+    Q_PROPERTY(bool floppyMode READ floppyMode NOTIFY floppyModeChanged)
+
+public:
+    // What it works with; all of it must outlive it.
+    struct Surroundings {
+        OrganizerEngine& engine;
+        const EngineEvents& events;
+        SettingsStore& settings;
+        FileSystem& fileSystem;
+        const Clock& clock;
+        const ExifUtils::ExifTool& exifTool;
+        FileChooser& chooser;
+        BackgroundWork& background;
+    };
+
+    explicit ContentViewModel(const Surroundings& surroundings, QObject* parent = nullptr);
+
+    // Once, when the window appears: what was kept is read, and videos are off until they are asked for again.
+    void appear();
+
+    [[nodiscard]] RunStatus* status() { return &status_; }
+    [[nodiscard]] LogModel* log() { return &log_; }
+    [[nodiscard]] Folders* folders() { return &folders_; }
+    [[nodiscard]] RunFlow* run() { return &run_; }
+    [[nodiscard]] UndoFlow* undo() { return &undo_; }
+    [[nodiscard]] Exports* exports() { return &exports_; }
+    [[nodiscard]] QuitFlow* quit() { return &quit_; }
+    [[nodiscard]] Notices* notices() { return &notices_; }
+
+    // What the confirmations of the two kinds of run show.
+    [[nodiscard]] ConfirmationModel* dryRun() { return &dryRun_; }
+    [[nodiscard]] ConfirmationModel* realRun() { return &realRun_; }
+
+    [[nodiscard]] bool hasBanner() const { return !bannerText().isEmpty(); }
+    [[nodiscard]] QString bannerSymbol() const;
+    [[nodiscard]] QColor bannerColour() const;
+    [[nodiscard]] QString bannerText() const;
+    [[nodiscard]] QString lowSpace() const;
+
+    // Whether it was looked for and not found.
+    [[nodiscard]] bool lacksExifTool() const { return lacksExifTool_; }
+
+    // The hidden mode in which folders of floppies have rules of their own.
+    [[nodiscard]] bool floppyMode() const;
+    Q_INVOKABLE void toggleFloppyMode();
+
+signals:
+    void bannerChanged();
+    void exifToolChanged();
+    void floppyModeChanged();
+
+private:
+    void connectFolders();
+    void connectRun();
+    void connectSettings();
+    void tellOfSettings();
+    void lookForExifTool();
+    void noteEstimate();
+    void showConfirmation();
+    [[nodiscard]] RunSettings confirmed(const RunPayload& run) const;
+    [[nodiscard]] std::optional<Banner> banner() const;
+
+    Surroundings surroundings_;
+    PresetList presets_;
+    RunStatus status_;
+    LogModel log_;
+    Folders folders_;
+    RunFlow run_;
+    UndoFlow undo_;
+    Exports exports_;
+    QuitFlow quit_;
+    Notices notices_;
+    ConfirmationModel dryRun_;
+    ConfirmationModel realRun_;
+    bool isDryRunShown_ = false;
+    bool isRunShown_ = false;
+    bool lacksExifTool_ = false;
+    bool hasToldOfDamage_ = false;
+};
+
+}  // namespace vellomar

@@ -1,0 +1,48 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import Vellomar
+
+// The main window. Its content is shown by ContentView; here is what concerns the window itself.
+ApplicationWindow {
+    id: window
+
+    required property ContentViewModel content
+
+    title: "Vellomar Organizer"
+    width: 1280
+    height: 832
+    minimumWidth: 900
+    minimumHeight: 600
+    color: Theme.windowBackground
+    palette.window: Theme.windowBackground
+    palette.windowText: Theme.text
+
+    onClosing: event => event.accepted = window.content.quit.mayClose()
+
+    Shortcut {
+        sequence: "Ctrl+R"
+        enabled: window.content.run.canStart
+        onActivated: window.content.run.askRun()
+    }
+    Shortcut {
+        sequence: "Ctrl+."
+        enabled: window.content.run.canCancel
+        onActivated: window.content.run.cancelRun()
+    }
+    Shortcut {
+        sequence: "Ctrl+Q"
+        onActivated: window.close()
+    }
+    Shortcut {
+        sequence: "Ctrl+Alt+Meta+F"
+        onActivated: window.content.toggleFloppyMode()
+    }
+
+    ContentView {
+        anchors.fill: parent
+        content: window.content
+    }
+    ContentSheets {
+        content: window.content
+    }
+}

@@ -1,0 +1,41 @@
+import QtQuick
+import QtQuick.Layouts
+import Vellomar
+
+// The tools, and what the last run did.
+Rectangle {
+    id: column
+
+    required property ContentViewModel content
+
+    color: Theme.sidePanel
+
+    ColumnLayout {
+        anchors {
+            fill: parent
+            leftMargin: 1
+        }
+        spacing: 0
+
+        ScrollArea {
+            padding: 16
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+
+            ToolRow {
+                content: column.content
+                width: parent.width
+            }
+        }
+        LastRunPanel {
+            content: column.content
+            Layout.fillWidth: true
+            Layout.preferredHeight: 180
+        }
+    }
+    Rectangle {
+        width: 1
+        height: parent.height
+        color: Theme.hairline
+    }
+}

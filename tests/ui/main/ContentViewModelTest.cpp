@@ -1,0 +1,190 @@
+#include <gmock/gmock.h>
+
+#include "settings/SettingsFile.h"
+#include "settings/SettingsKeys.h"
+#include "ui/LiveEngine.h"
+#include "ui/QtPrinters.h"
+#include "ui/ScriptedFileChooser.h"
+#include "ui/main/ContentViewModel.h"
+#include "ui/theme/Theme.h"
+
+namespace vellomar {
+namespace {
+
+using testing::LiveEngine;
+using testing::ScriptedFileChooser;
+using testing::SettingsFile;
+using testing::spinUntil;
+using testing::TemporaryFolder;
+
+// What the row of a confirmation with this key says; empty if there is none.
+QString valueOf(ConfirmationModel& model, const QString& key) {
+    const auto* const rows = model.settings();
+    const auto names = rows->roleNames();
+    for (int row = 0; row < rows->rowCount(); ++row)
+        if (rows->index(row, 0).data(names.key("key")).toString() == key)
+            return rows->index(row, 0).data(names.key("value")).toString();
+    return {};
+}
+
+class ContentViewModelTest : public ::testing::Test {
+protected:
+    // What is in `settings` counts when the content is made.
+    void makeContent() {
+        content = std::make_unique<ContentViewModel>(ContentViewModel::Surroundings{
+            *engine, engine.events(), *settings, fileSystem, clock, exifTool, chooser, background});
+        content->appear();
+    }
+
+    void setFolders() {
+        library.write("in/IMG_20230814_143021.jpg", std::string(2'000'000, 'x'));
+        settings->setValue(keys::kLegacySourcePath, library / "in");
+        settings->setValue(keys::kDestPath, library.makeFolder("out"));
+    }
+
+    TemporaryFolder library{TemporaryFolder::Where::inMemory};
+    LinuxFileSystem fileSystem;
+    SystemClock clock;
+    ExifUtils::ExifTool exifTool{fileSystem, {{}, {"/nowhere/exiftool"}}};
+    SettingsFile file;
+    std::unique_ptr<SettingsStore> settings = file.open();
+    ScriptedFileChooser chooser;
+    LiveEngine engine;
+    BackgroundWork background;
+    std::unique_ptr<ContentViewModel> content;
+};
+
+TEST_F(ContentViewModelTest, VideosAreOffAtEachStart) {
+    settings->setValue("opt_includeVideos", true);
+    makeContent();
+    EXPECT_FALSE(settings->boolean("opt_includeVideos", true));
+    settings->setValue("opt_includeVideos", true);
+    content.reset();
+    settings.reset();
+
+    settings = file.open();
+    EXPECT_TRUE(settings->boolean("opt_includeVideos"));
+    makeContent();
+    EXPECT_FALSE(settings->boolean("opt_includeVideos", true));
+}
+
+TEST_F(ContentViewModelTest, TheSourceOfAnEarlierVersionIsTakenOver) {
+    setFolders();
+    makeContent();
+    EXPECT_EQ(content->folders()->sources()->count(), 1);
+    EXPECT_TRUE(settings->bytes(keys::kSourceEntries).has_value());
+    EXPECT_TRUE(content->run()->canRun());
+}
+
+TEST_F(ContentViewModelTest, AMissingExifToolIsNoticed) {
+    makeContent();
+    EXPECT_FALSE(content->lacksExifTool()) << "nobody has looked yet";
+    EXPECT_TRUE(spinUntil([&] { return content->lacksExifTool(); }));
+}
+
+TEST_F(ContentViewModelTest, TheSameFolderTwiceIsABanner) {
+    setFolders();
+    settings->setValue(keys::kDestPath, library / "in/");
+    makeContent();
+    EXPECT_TRUE(content->hasBanner());
+    EXPECT_EQ(content->bannerSymbol(), "exclamationmark.triangle.fill");
+    EXPECT_EQ(content->bannerColour(), Theme::shared().alertRed);
+    EXPECT_EQ(content->bannerText(), "Source and destination are the same folder.");
+    content->folders()->clearSources();
+    EXPECT_FALSE(content->hasBanner());
+    EXPECT_EQ(content->bannerSymbol(), "");
+}
+
+TEST_F(ContentViewModelTest, ARunsFindingsAreABanner) {
+    setFolders();
+    library.write("in/empty.jpg", "");
+    makeContent();
+    content->run()->askDryRun();
+    content->run()->startDryRun();
+    engine.waitForRun();
+    EXPECT_EQ(content->bannerText(), "1 suspected corrupt file(s) (zero bytes). Check log.");
+    EXPECT_TRUE(content->status()->hasResults());
+}
+
+TEST_F(ContentViewModelTest, TheEstimateReachesCardsAndSheet) {
+    setFolders();
+    makeContent();
+    content->run()->askRun();
+    EXPECT_EQ(content->status()->cardValues()[0], "—");
+    EXPECT_EQ(valueOf(*content->realRun(), "Files to process"), "Calculating…");
+    ASSERT_TRUE(spinUntil([&] { return content->run()->estimate().has_value(); }));
+    EXPECT_EQ(content->status()->cardValues()[0], "1");
+    EXPECT_EQ(valueOf(*content->realRun(), "Files to process"), "1 files · 2 MB");
+    EXPECT_EQ(content->lowSpace(), "");
+}
+
+TEST_F(ContentViewModelTest, ASheetShowsWhatItsRunBeginsWith) {
+    setFolders();
+    settings->setValue("opt_moveOriginals", true);
+    makeContent();
+    content->run()->setRenameRules({{Uuid::random(), "a", "b", true}});
+
+    content->run()->askDryRun();
+    EXPECT_EQ(valueOf(*content->dryRun(), "Source"), "in");
+    EXPECT_EQ(valueOf(*content->dryRun(), "Destination"), "out");
+    EXPECT_EQ(valueOf(*content->dryRun(), "Mode"), "MOVE originals (destructive)");
+    EXPECT_EQ(valueOf(*content->dryRun(), "Rename rules"), "1 active rule(s)");
+    EXPECT_EQ(valueOf(*content->dryRun(), "Files to process"), "");
+    content->run()->dismissDryRun();
+
+    content->run()->askRun();
+    EXPECT_TRUE(content->realRun()->warnsOfMove());
+    settings->setValue("opt_moveOriginals", false);
+    EXPECT_TRUE(content->realRun()->warnsOfMove()) << "the asked run stays as it was asked for";
+    content->run()->dismissRun();
+    content->run()->askRun();
+    EXPECT_FALSE(content->realRun()->warnsOfMove());
+}
+
+TEST_F(ContentViewModelTest, FloppyModeIsKept) {
+    makeContent();
+    int changes = 0;
+    QObject::connect(content.get(), &ContentViewModel::floppyModeChanged, [&] { ++changes; });
+    EXPECT_FALSE(content->floppyMode());
+    content->toggleFloppyMode();
+    EXPECT_TRUE(content->floppyMode());
+    EXPECT_TRUE(settings->boolean(keys::kSecretFloppyMode));
+    content->toggleFloppyMode();
+    EXPECT_FALSE(content->floppyMode());
+    EXPECT_EQ(changes, 2);
+}
+
+TEST_F(ContentViewModelTest, ARefusedFolderIsANotice) {
+    makeContent();
+    content->folders()->addSources({library.write("photo.jpg")});
+    ASSERT_TRUE(spinUntil([&] { return content->notices()->count() == 1; }));
+    content->folders()->addSources({library.makeFolder("good")});
+    EXPECT_TRUE(spinUntil([&] { return content->notices()->count() == 0; }));
+}
+
+TEST_F(ContentViewModelTest, ADamagedSettingsFileIsTold) {
+    settings.reset();
+    library.makeFolder("x");
+    SettingsFile damaged("{ this is no JSON");
+    settings = damaged.open();
+    makeContent();
+    ASSERT_EQ(content->notices()->count(), 1);
+    const auto text = content->notices()->index(0).data(Notices::textRole).toString();
+    EXPECT_TRUE(text.contains("could not be read")) << text.toStdString();
+    EXPECT_TRUE(text.contains(".damaged")) << text.toStdString();
+    content.reset();
+    settings.reset();
+}
+
+TEST_F(ContentViewModelTest, SettingsThatCannotBeSavedAreTold) {
+    settings.reset();
+    const auto blocked = library.write("file");
+    settings = std::make_unique<SettingsStore>(fileSystem, blocked + "/vellomar/settings.json");
+    makeContent();
+    ASSERT_TRUE(spinUntil([&] { return content->notices()->count() == 1; }));
+    const auto text = content->notices()->index(0).data(Notices::textRole).toString();
+    EXPECT_TRUE(text.contains("cannot be saved")) << text.toStdString();
+}
+
+}  // namespace
+}  // namespace vellomar
