@@ -41,6 +41,10 @@ namespace vellomar::bench {
 // number.
 [[nodiscard]] std::vector<Result> benchmarkUndo(const Arguments& arguments);
 
+// The whole application with its window: how long its event loop hears nothing while it sorts, and how its memory grows
+// with the number of files.
+[[nodiscard]] std::vector<Result> benchmarkWindow(const Arguments& arguments);
+
 // `count` files of a corpus at full size, at the size that `arguments` ask for; not less than `least`.
 [[nodiscard]] std::size_t scaled(const Arguments& arguments, std::size_t count, std::size_t least);
 

@@ -1,4 +1,7 @@
 // From the first start to a run that is taken back, by the names of what is shown.
+#include <QCoreApplication>
+#include <QDragEnterEvent>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <filesystem>
 #include <set>
@@ -95,6 +98,40 @@ TEST_F(WholeRoadTest, ARealRunSortsAndAnUndoTakesItBack) {
     EXPECT_TRUE(testing::exists(library / "in/trip/IMG_20230814_143021.jpg"));
 }
 
+// The road of the README, whose pictures are these.
+TEST(WholeRoadPictures, ADryRunARealRunAndAnUndo) {
+    RunningApp user(QSize(1280, 832));
+    const auto& library = user.library();
+    for (int day = 1; day <= 24; ++day) {
+        const auto number = std::to_string(10 + day);
+        library.write("anna/Pictures/Unsorted/DCIM/IMG_202306" + number.substr(0, 2) + "_1030" + number + ".jpg",
+                      std::string(40'000, 'x') + number);
+        library.write("anna/Pictures/Unsorted/Lisbon/PXL_202404" + number.substr(0, 2) + "_1030" + number + "123.jpg",
+                      std::string(50'000, 'y') + number);
+    }
+    library.makeFolder("anna/Pictures/Sorted");
+    user.start();
+    user.pickFolders(library / "anna/Pictures/Unsorted", library / "anna/Pictures/Sorted");
+    user.window().saveScreenshot("road-1-folders");
+    user.press("Dry Run — Preview");
+    user.window().saveScreenshot("road-2-dry-run");
+    user.press("RUN DRY RUN");
+    user.waitForEnd();
+    EXPECT_TRUE(testing::exists(library / "anna/Pictures/Sorted/_preview_plan.csv"));
+    user.press("Sort Photos");
+    user.press("RUN NOW");
+    user.waitForEnd();
+    user.window().saveScreenshot("road-3-sorted");
+    EXPECT_TRUE(testing::exists(library / "anna/Pictures/Sorted/2024"));
+    user.press("UNDO");
+    ASSERT_TRUE(spinUntil([&] { return user.isOpen("UNDO A RUN"); }));
+    user.window().press(Qt::Key_Down);
+    user.window().saveScreenshot("road-4-undo");
+    user.press("UNDO THIS RUN");
+    user.waitForEnd();
+    EXPECT_FALSE(testing::exists(library / "anna/Pictures/Sorted/2024"));
+}
+
 TEST_F(WholeRoadTest, TheKeyboardAloneDoesIt) {
     startWithFolders();
     user.window().press(Qt::Key_R, Qt::ControlModifier);
@@ -184,6 +221,27 @@ TEST_F(WholeRoadTest, ThePlanAndTheLogCanBeExported) {
         spinUntil([&] { return testing::exists(library / "plan.csv") && testing::exists(library / "log.txt"); }));
     EXPECT_THAT(testing::contentOf(library / "plan.csv"), ::testing::HasSubstr("IMG_20230814_143021.jpg"));
     EXPECT_THAT(testing::contentOf(library / "log.txt"), ::testing::HasSubstr("[DRY]"));
+}
+
+TEST_F(WholeRoadTest, FoldersCanBeDroppedOnTheLists) {
+    user.start();
+    const auto areas = user.window().itemsNamed("folderDrop");
+    ASSERT_EQ(areas.size(), 2U);
+    const auto drop = [&](const QQuickItem& area, const std::string& folder) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(folder))});
+        const auto place = testing::placeOf(area).center();
+        QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(user.app().window(), &enter);
+        EXPECT_TRUE(user.window().shows(&area == areas.front() ? "Drop to add" : "Drop to set"));
+        QDropEvent dropped(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(user.app().window(), &dropped);
+    };
+    drop(*areas.front(), library / "in");
+    ASSERT_TRUE(spinUntil([&] { return user.window().shows("SOURCES (1)"); }));
+    drop(*areas.back(), library / "out");
+    ASSERT_TRUE(spinUntil([&] { return user.canPress("Change destination"); }));
+    EXPECT_TRUE(user.canPress("Sort Photos"));
 }
 
 TEST_F(WholeRoadTest, AFileAsASourceIsRefusedWithWords) {

@@ -26,6 +26,8 @@ T.AbstractButton {
     opacity: enabled ? 1 : 0.5
     Accessible.role: Accessible.Button
     Accessible.name: text
+    // A screen reader is not told otherwise that a button cannot be pressed.
+    Accessible.description: enabled ? "" : qsTr("Unavailable")
     Accessible.onPressAction: clicked()
     Keys.onReturnPressed: event => activate(event)
     Keys.onEnterPressed: event => activate(event)

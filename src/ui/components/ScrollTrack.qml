@@ -9,6 +9,7 @@ Rectangle {
     property Flickable flickable: null
     readonly property alias thumbTop: geometry.top
     readonly property alias thumbHeight: geometry.height
+    readonly property alias isDragged: mouse.pressed
 
     implicitWidth: 4
     radius: 2

@@ -19,6 +19,7 @@ Item {
     }
     DropArea {
         id: area
+        objectName: "folderDrop"
         anchors.fill: parent
         keys: ["text/uri-list"]
         onDropped: drop => {

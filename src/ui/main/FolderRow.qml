@@ -71,6 +71,7 @@ Rectangle {
         }
         CloseButton {
             Accessible.name: qsTr("Remove %1").arg(row.name)
+            Accessible.description: ""
             onClicked: row.removed()
         }
     }

@@ -7,8 +7,17 @@ Item {
 
     required property LogModel log
 
+    Connections {
+        target: root.log
+
+        function onCountChanged() {
+            list.followEnd();
+        }
+    }
+
     ListView {
         id: list
+        objectName: "logList"
 
         property bool followsEnd: true
 
@@ -42,17 +51,26 @@ Item {
             event.accepted = true;
         }
 
+        function followEnd() {
+            if (!followsEnd || count === 0)
+                return;
+            // Where the end is depends on the new lines' heights.
+            forceLayout();
+            positionViewAtEnd();
+            forceLayout();
+        }
+
         function scrollTo(y: real) {
             contentY = Math.max(originY, Math.min(y, originY + contentHeight - height));
             followsEnd = atYEnd;
         }
 
-        onCountChanged: {
-            if (followsEnd && count > 0)
-                positionViewAtEnd();
+        onHeightChanged: followEnd()
+        // By the user: what comes and goes by itself moves the content as well.
+        onContentYChanged: {
+            if (moving || track.isDragged)
+                followsEnd = atYEnd;
         }
-        onMovementEnded: followsEnd = atYEnd
-        onModelChanged: followsEnd = true
 
         delegate: Item {
             id: line
@@ -100,6 +118,7 @@ Item {
         colour: Theme.tertiaryText
     }
     ScrollTrack {
+        id: track
         anchors {
             top: parent.top
             bottom: parent.bottom

@@ -21,7 +21,8 @@ Flow {
         onClicked: tools.content.exports.exportPlan()
     }
     ToolRowButton {
-        text: qsTr("UNDO")
+        // The undo files of many large runs take a moment to read.
+        text: tools.content.undo.isLoading ? qsTr("READING…") : qsTr("UNDO")
         symbol: "arrow.uturn.backward"
         enabled: tools.content.undo.canOpen
         onClicked: tools.content.undo.open()

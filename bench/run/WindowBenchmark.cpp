@@ -1,0 +1,54 @@
+#include <string>
+
+#include <fmt/format.h>
+
+#include "run/Benchmarks.h"
+#include "run/Comparison.h"
+#include "run/Corpus.h"
+#include "run/WorkFolder.h"
+
+namespace vellomar::bench {
+namespace {
+
+constexpr double kMilli = 1e3;
+constexpr double kMebibyte = 1024.0 * 1024.0;
+
+// The application sorts so many small files.
+Measurement sortInWindow(const WorkFolder& work, const std::string& source) {
+    return runProgram("window_task", {source, work.emptyFolder("sorted")});
+}
+
+}  // namespace
+
+std::vector<Result> benchmarkWindow(const Arguments& arguments) {
+    constexpr std::size_t kSmall = 6'000;
+    constexpr std::size_t kLarge = 4 * kSmall;
+    constexpr std::uint64_t kFileSize = 6'000;
+    const WorkFolder work(arguments.keepsFolders);
+    makePhotos(work / "small", scaled(arguments, kSmall, kSmall), kFileSize);
+    makePhotos(work / "large", scaled(arguments, kLarge, kLarge), kFileSize);
+
+    std::vector<double> gaps;
+    std::vector<double> growth;
+    std::uint64_t memory = 0;
+    for (std::size_t round = 0; round < arguments.rounds; ++round) {
+        const auto small = sortInWindow(work, work / "small");
+        const auto large = sortInWindow(work, work / "large");
+        gaps.push_back(small.seconds * kMilli);
+        growth.push_back(static_cast<double>(large.peakMemory) / static_cast<double>(small.peakMemory));
+        memory = small.peakMemory;
+    }
+    return {{.name = "window gap",
+             .rounds = gaps,
+             .unit = "ms",
+             .goal = {Direction::atMost, 50},
+             .detail = fmt::format("longest time without a turn of the event loop, {} files", kSmall)},
+            {.name = "window memory",
+             .rounds = growth,
+             .unit = "x",
+             .goal = {Direction::atMost, 1.2},
+             .detail = fmt::format("{} files against {}, which take {:.0f} MiB", kLarge, kSmall,
+                                   static_cast<double>(memory) / kMebibyte)}};
+}
+
+}  // namespace vellomar::bench

@@ -1,0 +1,100 @@
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include "engine/Publication.h"
+#include "ui/QmlWindow.h"
+#include "ui/QtPrinters.h"
+#include "ui/main/LogModel.h"
+
+namespace vellomar {
+namespace {
+
+class LogListTest : public ::testing::Test {
+protected:
+    LogListTest() {
+        window.show("LogList { property LogModel model; log: model }", {{"model", QVariant::fromValue(&model)}});
+        list = &window.itemNamed("logList");
+    }
+
+    void append(int count) {
+        std::vector<std::string> lines;
+        for (int i = 0; i < count; ++i)
+            lines.push_back("line " + std::to_string(++appended));
+        published.appendLogLines(std::move(lines));
+        window.settle();
+    }
+
+    [[nodiscard]] bool isAtEnd() const { return list->property("atYEnd").toBool(); }
+    [[nodiscard]] double place() const { return list->property("contentY").toDouble(); }
+
+    EngineEvents events;
+    Publication published{&events};
+    LogModel model{published.state(), events};
+    testing::QmlWindow window{QSize(600, 200)};
+    QQuickItem* list = nullptr;
+    int appended = 0;
+};
+
+TEST_F(LogListTest, FollowsItsEnd) {
+    EXPECT_TRUE(window.shows("Run Dry Run or Sort to see activity here"));
+    append(100);
+    EXPECT_FALSE(window.shows("Run Dry Run or Sort to see activity here"));
+    EXPECT_TRUE(isAtEnd());
+    append(1);
+    EXPECT_TRUE(isAtEnd());
+    append(2'000);
+    EXPECT_TRUE(isAtEnd());
+}
+
+TEST_F(LogListTest, StaysWhereTheUserScrolledTo) {
+    append(100);
+    list->forceActiveFocus();
+    window.press(Qt::Key_PageUp);
+    EXPECT_FALSE(isAtEnd());
+    const double before = place();
+    append(50);
+    EXPECT_EQ(place(), before);
+
+    window.press(Qt::Key_End);
+    EXPECT_TRUE(isAtEnd());
+    append(50);
+    EXPECT_TRUE(isAtEnd()) << "back at the end it follows again";
+}
+
+TEST_F(LogListTest, KeysScroll) {
+    append(100);
+    list->forceActiveFocus();
+    window.press(Qt::Key_Home);
+    EXPECT_EQ(place(), list->property("originY").toDouble());
+    window.press(Qt::Key_Down);
+    const double down = place();
+    EXPECT_GT(down, list->property("originY").toDouble());
+    window.press(Qt::Key_Up);
+    EXPECT_LT(place(), down);
+    window.press(Qt::Key_PageDown);
+    EXPECT_GT(place(), down);
+}
+
+TEST_F(LogListTest, FollowsItsEndWhileTheOldestLinesGo) {
+    append(static_cast<int>(kMostLogLines));
+    append(500);
+    EXPECT_TRUE(isAtEnd());
+    EXPECT_EQ(model.rowCount(), static_cast<int>(kMostLogLines));
+}
+
+TEST_F(LogListTest, ATabWithNothingSaysSo) {
+    append(3);
+    model.setFilter(static_cast<int>(LogFilter::errors));
+    window.settle();
+    EXPECT_TRUE(window.shows("Run Dry Run or Sort to see activity here"));
+}
+
+TEST_F(LogListTest, AScreenReaderHearsTheLines) {
+    append(3);
+    EXPECT_NE(window.accessible(QAccessible::List, "ACTIVITY LOG"), nullptr);
+    EXPECT_NE(window.accessible(QAccessible::ListItem, "line 2"), nullptr);
+}
+
+}  // namespace
+}  // namespace vellomar
