@@ -31,7 +31,7 @@ std::vector<Result> benchmarkWindow(const Arguments& arguments) {
     std::vector<double> gaps;
     std::vector<double> growth;
     std::uint64_t memory = 0;
-    for (std::size_t round = 0; round < arguments.rounds; ++round) {
+    for (int round = 0; round < arguments.rounds; ++round) {
         const auto small = sortInWindow(work, work / "small");
         const auto large = sortInWindow(work, work / "large");
         gaps.push_back(small.seconds * kMilli);

@@ -24,7 +24,6 @@ std::string companionProgram(const char* name) {
 void nameApplication() {
     QCoreApplication::setApplicationName(QStringLiteral("vellomar"));
     QCoreApplication::setApplicationVersion(QStringLiteral(VELLOMAR_VERSION));
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Vellomar"));
     // By this the desktop finds the name and the icon of a window.
     QGuiApplication::setDesktopFileName(QStringLiteral("vellomar"));
     QGuiApplication::setWindowIcon(

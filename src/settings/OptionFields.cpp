@@ -64,8 +64,9 @@ std::optional<Enum> caseFrom(const Json& value, std::optional<Enum> (*caseNamed)
 
 template <typename Value>
 bool put(std::optional<Value> value, Value& target) {
-    if (value) target = *std::move(value);
-    return value.has_value();
+    if (!value) return false;
+    target = *std::move(value);
+    return true;
 }
 
 bool read(const Json& value, bool& target) {

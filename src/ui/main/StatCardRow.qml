@@ -25,7 +25,7 @@ Item {
             readonly property int gap: row?.spacing ?? 0
 
             width: ((row?.width ?? 0) - (inLine - 1) * gap) / inLine
-            height: 80
+            height: 76
             x: place * (width + gap)
             y: isBelow ? height + gap : 0
             label: row?.labels[index] ?? ""

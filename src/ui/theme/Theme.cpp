@@ -12,7 +12,7 @@ const Theme& Theme::shared() {
 }
 
 QString Theme::fontFamily() const {
-    const auto packaged = QStringLiteral("JetBrains Mono");
+    auto packaged = QStringLiteral("JetBrains Mono");
     if (QFontDatabase::hasFamily(packaged)) return packaged;
     return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
 }

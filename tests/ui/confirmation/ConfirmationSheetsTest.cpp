@@ -15,31 +15,31 @@ using testing::QmlWindow;
 class ConfirmationSheets : public ::testing::Test {
 protected:
     void open(ConfirmationModel::Run run, bool moves = false) {
-        model_ = std::make_unique<ConfirmationModel>(run);
+        model = std::make_unique<ConfirmationModel>(run);
         RunSettings settings{{"/photos/Card", "/photos/Other"}, "/library/Sorted", {}, {}, 2};
         settings.options.moveOriginalsWhenReliable = moves;
-        model_->setSettings(settings);
-        window_ = std::make_unique<QmlWindow>();
+        model->setSettings(settings);
+        window = std::make_unique<QmlWindow>();
         const std::string type = run == ConfirmationModel::Run::dry ? "DryRunConfirmSheet" : "RunSummaryView";
-        window_->show("Item { id: root; property ConfirmationModel model; " + type +
-                          " { objectName: 'theSheet'; model: root.model; visible: true } }",
-                      {{"model", QVariant::fromValue(model_.get())}});
+        window->show("Item { id: root; property ConfirmationModel model; " + type +
+                         " { objectName: 'theSheet'; model: root.model; visible: true } }",
+                     {{"model", QVariant::fromValue(model.get())}});
     }
 
     void click(const char* name) {
-        auto* const button = window_->accessible(QAccessible::Button, name);
+        auto* const button = window->accessible(QAccessible::Button, name);
         ASSERT_NE(button, nullptr) << name;
-        window_->click(*qobject_cast<QQuickItem*>(button->object()));
+        window->click(*qobject_cast<QQuickItem*>(button->object()));
     }
 
     [[nodiscard]] QColor colourOf(const char* shownText) {
-        for (const QQuickItem* const text : window_->shownTexts())
+        for (const QQuickItem* const text : window->shownTexts())
             if (text->property("text").toString() == QString(shownText)) return text->property("color").value<QColor>();
         return {};
     }
 
-    std::unique_ptr<ConfirmationModel> model_;
-    std::unique_ptr<QmlWindow> window_;
+    std::unique_ptr<ConfirmationModel> model;
+    std::unique_ptr<QmlWindow> window;
 };
 
 TEST_F(ConfirmationSheets, ADryRunTellsWhatItDoes) {
@@ -49,26 +49,26 @@ TEST_F(ConfirmationSheets, ADryRunTellsWhatItDoes) {
           "Source", "2 folders", "Destination", "Sorted", "Rename rules", "2 active rule(s)",
           "No undo needed — nothing was done", "Ready to preview your library sort.",
           "Check the File Plan Preview after it finishes.", "CANCEL", "RUN DRY RUN", "✕"})
-        EXPECT_TRUE(window_->shows(text)) << text;
-    EXPECT_EQ(window_->itemsNamed("promise").size(), 5U);
-    EXPECT_FALSE(window_->shows("Calculating…"));
+        EXPECT_TRUE(window->shows(text)) << text;
+    EXPECT_EQ(window->itemsNamed("promise").size(), 5U);
+    EXPECT_FALSE(window->shows("Calculating…"));
     EXPECT_EQ(colourOf("Source"), hexColour("909088"));
     EXPECT_EQ(colourOf("2 folders"), hexColour("E8E8E0"));
-    EXPECT_EQ(window_->itemNamed("settingKey").width(), 140);
+    EXPECT_EQ(window->itemNamed("settingKey").width(), 140);
 }
 
 TEST_F(ConfirmationSheets, ADryRunIsStartedOrDismissed) {
     open(ConfirmationModel::Run::dry);
-    const QSignalSpy runs(&window_->object("theSheet"), SIGNAL(runRequested()));
-    const QSignalSpy dismissals(&window_->object("theSheet"), SIGNAL(dismissed()));
-    EXPECT_EQ(window_->focusedName(), "CANCEL");
-    window_->press(Qt::Key_Return);
+    const QSignalSpy runs(&window->object("theSheet"), SIGNAL(runRequested()));
+    const QSignalSpy dismissals(&window->object("theSheet"), SIGNAL(dismissed()));
+    EXPECT_EQ(window->focusedName(), "CANCEL");
+    window->press(Qt::Key_Return);
     EXPECT_EQ(runs.count(), 1);
     click("RUN DRY RUN");
     EXPECT_EQ(runs.count(), 2);
     click("CANCEL");
     click("✕");
-    window_->press(Qt::Key_Escape);
+    window->press(Qt::Key_Escape);
     EXPECT_EQ(dismissals.count(), 3);
     EXPECT_EQ(runs.count(), 2);
 }
@@ -81,31 +81,31 @@ TEST_F(ConfirmationSheets, ARealRunTellsWhatWillHappen) {
           "Source files will be deleted after copying. Run a Dry Run first to review the file plan before proceeding.",
           "YOUR CURRENT SETTINGS", "Calculating…", "Not sure? Switch to Dry Run first.",
           "Dry Run previews every action without touching files.", "CANCEL", "SWITCH TO DRY RUN", "RUN NOW"})
-        EXPECT_TRUE(window_->shows(text)) << text;
+        EXPECT_TRUE(window->shows(text)) << text;
     EXPECT_EQ(colourOf("MOVE MODE IS ACTIVE"), hexColour("FF8C00"));
     EXPECT_EQ(colourOf("Source files will be deleted after copying. Run a Dry Run first to review the file plan before "
                        "proceeding."),
               hexColour("C8A060"));
-    EXPECT_NE(window_->accessible(QAccessible::AlertMessage, "MOVE MODE IS ACTIVE"), nullptr);
+    EXPECT_NE(window->accessible(QAccessible::AlertMessage, "MOVE MODE IS ACTIVE"), nullptr);
 }
 
 TEST_F(ConfirmationSheets, OnlyAMoveIsWarnedOf) {
     open(ConfirmationModel::Run::real, false);
-    EXPECT_FALSE(window_->itemNamed("moveWarning").isVisible());
-    EXPECT_TRUE(window_->shows("Files will be sorted and copied to your destination folder."));
+    EXPECT_FALSE(window->itemNamed("moveWarning").isVisible());
+    EXPECT_TRUE(window->shows("Files will be sorted and copied to your destination folder."));
 }
 
 TEST_F(ConfirmationSheets, ARealRunIsConfirmedCancelledOrSwitched) {
     open(ConfirmationModel::Run::real);
-    auto& sheet = window_->object("theSheet");
+    auto& sheet = window->object("theSheet");
     const QSignalSpy confirmations(&sheet, SIGNAL(confirmed()));
     const QSignalSpy cancellations(&sheet, SIGNAL(cancelled()));
     const QSignalSpy switches(&sheet, SIGNAL(switchedToDryRun()));
-    EXPECT_EQ(window_->focusedName(), "CANCEL");
-    window_->press(Qt::Key_Return);
+    EXPECT_EQ(window->focusedName(), "CANCEL");
+    window->press(Qt::Key_Return);
     EXPECT_EQ(confirmations.count(), 1);
-    window_->press(Qt::Key_Tab);
-    window_->press(Qt::Key_Return);
+    window->press(Qt::Key_Tab);
+    window->press(Qt::Key_Return);
     EXPECT_EQ(switches.count(), 1);
     click("RUN NOW");
     EXPECT_EQ(confirmations.count(), 2);
@@ -113,22 +113,22 @@ TEST_F(ConfirmationSheets, ARealRunIsConfirmedCancelledOrSwitched) {
     EXPECT_EQ(switches.count(), 2);
     click("CANCEL");
     click("✕");
-    window_->press(Qt::Key_Escape);
+    window->press(Qt::Key_Escape);
     EXPECT_EQ(cancellations.count(), 3);
 }
 
 TEST_F(ConfirmationSheets, AnEstimateFillsInAndMovesNothingElse) {
     open(ConfirmationModel::Run::real, true);
-    auto& flickable = window_->itemNamed("flickable");
+    auto& flickable = window->itemNamed("flickable");
     flickable.setProperty("contentY", 120);
-    const auto* const focused = window_->window().activeFocusItem();
-    model_->setEstimate({10, 5'000'000, 65});
-    window_->settle();
-    EXPECT_TRUE(window_->shows("10 files · 5 MB"));
-    EXPECT_TRUE(window_->shows("Estimated time"));
-    EXPECT_FALSE(window_->shows("Calculating…"));
+    const auto* const focused = window->window().activeFocusItem();
+    model->setEstimate({10, 5'000'000, 65});
+    window->settle();
+    EXPECT_TRUE(window->shows("10 files · 5 MB"));
+    EXPECT_TRUE(window->shows("Estimated time"));
+    EXPECT_FALSE(window->shows("Calculating…"));
     EXPECT_EQ(flickable.property("contentY").toDouble(), 120);
-    EXPECT_EQ(window_->window().activeFocusItem(), focused);
+    EXPECT_EQ(window->window().activeFocusItem(), focused);
 }
 
 }  // namespace
