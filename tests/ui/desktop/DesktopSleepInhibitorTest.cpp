@@ -103,6 +103,7 @@ TEST(DesktopSleepInhibitor, HoldsMayOverlap) {
     ASSERT_TRUE(spinUntil([&] { return portal.calls("Inhibit").size() == 3; }));
     EXPECT_EQ(portal.closed(), QStringList{"/request/1"});
     third.reset();
+    ASSERT_TRUE(spinUntil([&] { return portal.closed().size() == 2; }));
     second.reset();
     ASSERT_TRUE(spinUntil([&] { return portal.closed().size() == 3; }));
     EXPECT_EQ(portal.closed(), (QStringList{"/request/1", "/request/3", "/request/2"}));

@@ -78,40 +78,53 @@ TEST_P(SingleInstanceTest, TheNextOneIsTheFirstAgain) {
     EXPECT_EQ(start()->claim({}), Start::first);
 }
 
-TEST_P(SingleInstanceTest, OfManyAtTheSameTimeOneIsTheFirst) {
-    constexpr int kStarts = 8;
-    std::atomic<int> firsts = 0;
-    std::atomic<int> seconds = 0;
+// What many starts at the same time came to. Any thread.
+struct ManyStarts {
     std::mutex lock;
-    std::vector<QString> tokens;
-    std::vector<QString> sent;
+    int firsts = 0;                // under lock, as are the others
+    std::vector<QString> sent;     // by those that were not the first
+    std::vector<QString> arrived;  // at the one that was
+
+    void noteArrival(const QString& token) {
+        const std::lock_guard guard(lock);
+        arrived.push_back(token);
+    }
+
+    void note(Start start, const QString& token) {
+        const std::lock_guard guard(lock);
+        if (start == Start::first)
+            ++firsts;
+        else
+            sent.push_back(token);
+    }
+
+    [[nodiscard]] std::size_t arrivals() {
+        const std::lock_guard guard(lock);
+        return arrived.size();
+    }
+};
+
+TEST_P(SingleInstanceTest, OfManyAtTheSameTimeOneIsTheFirst) {
+    constexpr std::size_t kStarts = 8;
+    ManyStarts starts;
+    const auto program = [&](const QString& token) {
+        const auto instance = start();
+        QObject::connect(instance.get(), &SingleInstance::activated, instance.get(),
+                         [&](const QString& received) { starts.noteArrival(received); });
+        const auto claimed = instance->claim(token);
+        starts.note(claimed, token);
+        EXPECT_TRUE(claimed != Start::first || spinUntil([&] { return starts.arrivals() == kStarts - 1; }));
+    };
     std::vector<std::unique_ptr<QThread>> programs;
-    for (int i = 0; i < kStarts; ++i) {
-        programs.emplace_back(QThread::create([&, token = QString::number(i)] {
-            const auto instance = start();
-            QObject::connect(instance.get(), &SingleInstance::activated, instance.get(), [&](const QString& received) {
-                const std::lock_guard guard(lock);
-                tokens.push_back(received);
-            });
-            if (instance->claim(token) == Start::first) {
-                ++firsts;
-                EXPECT_TRUE(spinUntil([&] {
-                    const std::lock_guard guard(lock);
-                    return tokens.size() == kStarts - 1;
-                }));
-            } else {
-                ++seconds;
-                const std::lock_guard guard(lock);
-                sent.push_back(token);
-            }
-        }));
+    for (std::size_t i = 0; i < kStarts; ++i) {
+        programs.emplace_back(QThread::create(program, QString::number(i)));
         programs.back()->start();
     }
-    for (const auto& program : programs)
-        program->wait();
-    EXPECT_EQ(firsts, 1);
-    EXPECT_EQ(seconds, kStarts - 1);
-    EXPECT_THAT(tokens, UnorderedElementsAreArray(sent));
+    for (const auto& running : programs)
+        running->wait();
+    EXPECT_EQ(starts.firsts, 1);
+    EXPECT_EQ(starts.sent.size(), kStarts - 1);
+    EXPECT_THAT(starts.arrived, UnorderedElementsAreArray(starts.sent));
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, SingleInstanceTest, ::testing::Bool(),
