@@ -70,7 +70,8 @@ void SourcesModel::setMissing(std::set<std::string> paths) {
 }
 
 QString folderName(const std::string& path) {
-    const auto name = lastPathComponent(withoutTrailingSlashes(path));
+    const auto folder = withoutTrailingSlashes(path);
+    const auto name = lastPathComponent(folder);
     return displayText(name.empty() ? path : name);
 }
 
