@@ -28,7 +28,10 @@ T.AbstractButton {
     Accessible.name: text
     // A screen reader is not told otherwise that a button cannot be pressed.
     Accessible.description: enabled ? "" : qsTr("Unavailable")
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: {
+        if (enabled)
+            clicked();
+    }
     Keys.onReturnPressed: event => activate(event)
     Keys.onEnterPressed: event => activate(event)
 

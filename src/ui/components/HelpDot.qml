@@ -14,7 +14,10 @@ T.AbstractButton {
     text: "?"
     Accessible.role: Accessible.Button
     Accessible.name: tooltip
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: {
+        if (enabled)
+            clicked();
+    }
     Keys.onReturnPressed: event => activate(event)
     Keys.onEnterPressed: event => activate(event)
     onClicked: popover.visible ? popover.close() : popover.open()

@@ -105,6 +105,12 @@ QString displayText(std::string_view bytes) {
     return text;
 }
 
+QString folderName(std::string_view path) {
+    const auto folder = withoutTrailingSlashes(path);
+    const auto name = lastPathComponent(folder);
+    return displayText(name.empty() ? path : name);
+}
+
 QString shortPath(std::string_view path) {
     constexpr std::size_t kMostComponents = 3;
     const auto components = componentsOf(path);

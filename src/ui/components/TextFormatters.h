@@ -21,6 +21,9 @@ namespace vellomar {
 // line or move the cursor the picture of itself. Never to be turned back into a path.
 [[nodiscard]] QString displayText(std::string_view bytes);
 
+// The last component of a folder's path, as above; the whole path where it has none.
+[[nodiscard]] QString folderName(std::string_view path);
+
 // A path for a narrow place: up to three components as they stand, of a longer one the last three behind an ellipsis.
 [[nodiscard]] QString shortPath(std::string_view path);
 

@@ -10,7 +10,10 @@ T.Switch {
     implicitHeight: 17
     Accessible.role: Accessible.CheckBox
     Accessible.name: text
-    Accessible.onPressAction: tap()
+    Accessible.onPressAction: {
+        if (enabled)
+            tap();
+    }
     Accessible.onToggleAction: tap()
     Keys.onReturnPressed: event => tapOnce(event)
     Keys.onEnterPressed: event => tapOnce(event)

@@ -16,12 +16,8 @@ QString words(const char* text) {
     return QCoreApplication::translate("ConfirmationRows", text);
 }
 
-QString lastComponentText(const std::string& path) {
-    return displayText(lastPathComponent(withoutTrailingSlashes(path)));
-}
-
 QString sourceText(const std::vector<std::string>& sources) {
-    if (sources.size() == 1) return lastComponentText(sources.front());
+    if (sources.size() == 1) return folderName(sources.front());
     return words("%1 folders").arg(sources.size());
 }
 
@@ -145,7 +141,7 @@ std::vector<SettingRow> settingRows(const RunSettings& settings, MissingEstimate
     const auto& options = settings.options;
     Rows rows;
     rows.add("folder", "Source", sourceText(settings.sources));
-    rows.add("folder.fill", "Destination", lastComponentText(settings.dest));
+    rows.add("folder.fill", "Destination", folderName(settings.dest));
     addEstimate(rows, settings.estimate, missingEstimate);
     rows.add("textformat", "Naming style", namingStyleText(options.namingStyle));
     rows.add("photo", "File types", fileTypesText(options));

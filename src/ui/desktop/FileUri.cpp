@@ -1,6 +1,7 @@
 #include "ui/desktop/FileUri.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vellomar {
 namespace {
@@ -88,6 +89,18 @@ std::optional<std::string> pathOfFileUri(std::string_view uri) {
     const auto path = withoutHost(uri.substr(kScheme.size()));
     if (!path || !path->starts_with('/')) return std::nullopt;
     return unescaped(*path);
+}
+
+std::optional<std::string> pathOfFileUrl(const QUrl& url) {
+    // The encoded form has the bytes as they are; text could not hold all of them.
+    return pathOfFileUri(url.toEncoded().toStdString());
+}
+
+std::vector<std::string> pathsOfFileUrls(const QList<QUrl>& urls) {
+    std::vector<std::string> paths;
+    for (const QUrl& url : urls)
+        if (auto path = pathOfFileUrl(url)) paths.push_back(*std::move(path));
+    return paths;
 }
 
 }  // namespace vellomar

@@ -6,6 +6,8 @@
 #include <chrono>
 #include <utility>
 
+#include "ui/desktop/ApplicationBusObject.h"
+
 namespace vellomar {
 
 constexpr std::chrono::milliseconds kPause(100);
@@ -38,9 +40,8 @@ void LauncherProgress::change(const Bar& bar) {
 void LauncherProgress::tell() {
     if (wanted_ == told_) return;
     told_ = wanted_;
-    auto update =
-        QDBusMessage::createSignal(QStringLiteral("/io/github/vellomar/Vellomar"),
-                                   QStringLiteral("com.canonical.Unity.LauncherEntry"), QStringLiteral("Update"));
+    auto update = QDBusMessage::createSignal(kApplicationPath, QStringLiteral("com.canonical.Unity.LauncherEntry"),
+                                             QStringLiteral("Update"));
     update << QStringLiteral("application://vellomar.desktop")
            << QVariantMap{{QStringLiteral("progress"), told_.fraction},
                           {QStringLiteral("progress-visible"), told_.isVisible}};

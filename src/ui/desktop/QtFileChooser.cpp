@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/FreeName.h"
+#include "platform/Path.h"
 #include "ui/desktop/FileUri.h"
 
 namespace vellomar {
@@ -84,9 +85,7 @@ void QtFileChooser::open() {
 }
 
 void QtFileChooser::accept() {
-    std::vector<std::string> paths;
-    for (const QUrl& url : chosenIn(*dialog_, question_.kind))
-        if (auto path = pathOfFileUri(url.toEncoded().toStdString())) paths.push_back(*std::move(path));
+    const auto paths = pathsOfFileUrls(chosenIn(*dialog_, question_.kind));
     if (question_.kind == Kind::saveFile && !paths.empty())
         finishIn(paths.front());
     else
@@ -94,7 +93,7 @@ void QtFileChooser::accept() {
 }
 
 void QtFileChooser::finishIn(const std::string& folder) {
-    const std::string path = folder + (folder.ends_with('/') ? "" : "/") + question_.suggestedName.toStdString();
+    const auto path = joinPath(folder, question_.suggestedName.toStdString());
     background_.run([path, &disk = fileSystem_] { return uniqueDestination(disk, path); },
                     [this](const std::string& freePath) { finish({freePath}); });
 }

@@ -23,6 +23,7 @@ Item {
     UndoSheetView {
         model: sheets.content.undo.sheet
         visible: sheets.content.undo.isOpen
+        isUndoing: sheets.content.undo.isUndoing
         onImportRequested: sheets.content.undo.pickFiles()
         onUndoRequested: sheets.content.undo.undoSelected()
         onDismissed: sheets.content.undo.dismiss()

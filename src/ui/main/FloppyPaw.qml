@@ -12,7 +12,10 @@ AbstractButton {
     hoverEnabled: true
     Accessible.role: Accessible.Button
     Accessible.name: text
-    Accessible.onPressAction: clicked()
+    Accessible.onPressAction: {
+        if (enabled)
+            clicked();
+    }
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
 

@@ -50,9 +50,8 @@ Look lookAt(FileSystem& fileSystem, const std::vector<std::string>& paths, const
 std::vector<std::string> pathsOf(const QList<QUrl>& addresses) {
     std::vector<std::string> paths;
     for (const auto& address : addresses) {
-        auto uri = address.toEncoded().toStdString();
-        auto path = pathOfFileUri(uri);
-        paths.push_back(path ? *std::move(path) : std::move(uri));
+        auto path = pathOfFileUrl(address);
+        paths.push_back(path ? *std::move(path) : address.toEncoded().toStdString());
     }
     return paths;
 }

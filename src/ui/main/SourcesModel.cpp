@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <utility>
 
-#include "platform/Path.h"
 #include "ui/components/TextFormatters.h"
 
 namespace vellomar {
@@ -67,12 +66,6 @@ void SourcesModel::setMissing(std::set<std::string> paths) {
     if (paths == missing_) return;
     missing_ = std::move(paths);
     if (count() > 0) emit dataChanged(index(0), index(count() - 1), {isMissingRole});
-}
-
-QString folderName(const std::string& path) {
-    const auto folder = withoutTrailingSlashes(path);
-    const auto name = lastPathComponent(folder);
-    return displayText(name.empty() ? path : name);
 }
 
 }  // namespace vellomar

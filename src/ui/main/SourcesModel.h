@@ -48,7 +48,4 @@ private:
     std::set<std::string> missing_;
 };
 
-// The last component of a path, to be shown; the whole path where it has none.
-[[nodiscard]] QString folderName(const std::string& path);
-
 }  // namespace vellomar

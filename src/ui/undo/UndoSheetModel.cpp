@@ -61,10 +61,7 @@ void UndoSheetModel::importFiles(std::vector<std::string> paths) {
 }
 
 void UndoSheetModel::importUrls(const QList<QUrl>& urls) {
-    std::vector<std::string> paths;
-    for (const auto& url : urls)
-        if (auto path = pathOfFileUri(url.toEncoded().toStdString())) paths.push_back(*std::move(path));
-    importFiles(std::move(paths));
+    importFiles(pathsOfFileUrls(urls));
 }
 
 void UndoSheetModel::take(const Reading& reading) {

@@ -89,6 +89,17 @@ TEST(Buttons, AreButtonsToAScreenReaderWhichCanPressThem) {
     EXPECT_EQ(window.accessible(QAccessible::Button, "✕")->text(QAccessible::Description), "Close");
 }
 
+TEST(Buttons, AScreenReaderCannotPressADisabledOne) {
+    QmlWindow window;
+    window.show("Item { ToolRowButton { objectName: 'tool'; text: 'UNDO'; enabled: false } }");
+    auto* const button = window.accessible(QAccessible::Button, "UNDO");
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->text(QAccessible::Description), "Unavailable");
+    const QSignalSpy clicks(&window.itemNamed("tool"), SIGNAL(clicked()));
+    button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(clicks.count(), 0);
+}
+
 TEST(Buttons, HaveTheirSizesAndColours) {
     QmlWindow window;
     window.show(kFourButtons);

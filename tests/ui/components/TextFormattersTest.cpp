@@ -67,5 +67,11 @@ TEST(TextFormatters, LongPathsAreCutToTheirLastThreeComponents) {
     EXPECT_EQ(shortPath("a/b/c/d/e"), QStringLiteral("…/c/d/e"));
 }
 
+TEST(FolderName, IsTheLastComponentOrElseTheWholePath) {
+    EXPECT_EQ(folderName("/"), "/");
+    EXPECT_EQ(folderName("/media/card/"), "card");
+    EXPECT_EQ(folderName("/media/d\xE9"), "d\uFFFD");
+}
+
 }  // namespace
 }  // namespace vellomar

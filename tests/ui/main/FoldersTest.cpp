@@ -208,10 +208,5 @@ TEST_F(FoldersTest, ANameThatIsNotUtf8CanBeShown) {
     EXPECT_EQ(shown(0, SourcesModel::nameRole), "d\uFFFDj\uFFFD");
 }
 
-TEST_F(FoldersTest, TheRootHasANameAsWell) {
-    EXPECT_EQ(folderName("/"), "/");
-    EXPECT_EQ(folderName("/media/card/"), "card");
-}
-
 }  // namespace
 }  // namespace vellomar
