@@ -43,6 +43,12 @@ public:
         });
     }
 
+    // The same where nobody waits for the end.
+    template <typename Work>
+    void run(Work work) {
+        run(std::move(work), [](auto&&...) {});
+    }
+
 private:
     // Does a part of it elsewhere, and gives the part for the interface thread.
     using Task = std::function<std::function<void()>()>;

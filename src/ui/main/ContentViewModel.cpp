@@ -76,7 +76,9 @@ void ContentViewModel::connectFolders() {
 }
 
 void ContentViewModel::connectRun() {
-    connect(&run_, &RunFlow::changed, this, &ContentViewModel::showConfirmation);
+    // A sheet gets what it shows before it opens, and is left alone from then on.
+    connect(&run_, &RunFlow::dryRunAsked, this, [this] { dryRun_.setSettings(confirmed(run_.nextRun())); });
+    connect(&run_, &RunFlow::runAsked, this, [this] { realRun_.setSettings(confirmed(*run_.pendingRun())); });
     connect(&run_, &RunFlow::estimateChanged, this, &ContentViewModel::noteEstimate);
     connect(&surroundings_.events, &EngineEvents::changed, this, [this](PublishedField field) {
         if (field == PublishedField::integrityReport || field == PublishedField::verifyFailures) emit bannerChanged();
@@ -89,22 +91,24 @@ void ContentViewModel::connectSettings() {
     connect(&settings, &SettingsStore::changed, this, [this](const QString& key) {
         if (key.toStdString() == keys::kSecretFloppyMode) emit floppyModeChanged();
     });
-    connect(&settings, &SettingsStore::cannotSaveChanged, this, &ContentViewModel::tellOfSettings);
-    tellOfSettings();
+    connect(&settings, &SettingsStore::cannotSaveChanged, this, &ContentViewModel::tellOfSaving);
+    tellOfDamage();
+    tellOfSaving();
 }
 
-void ContentViewModel::tellOfSettings() {
-    const auto& settings = surroundings_.settings;
+void ContentViewModel::tellOfDamage() {
+    const auto& kept = surroundings_.settings.damagedFile();
+    if (kept.empty()) return;
     notices_.tell(
-        QStringLiteral("settings"),
-        settings.cannotSave()
-            ? tr("Your settings cannot be saved. They count until you quit; check the disk and its permissions.")
-            : QString());
-    if (!settings.damagedFile().empty() && !hasToldOfDamage_)
-        notices_.tell(QStringLiteral("damage"),
-                      tr("The settings could not be read and start afresh. The old file was kept as %1.")
-                          .arg(displayText(settings.damagedFile())));
-    hasToldOfDamage_ = true;
+        QStringLiteral("damage"),
+        tr("The settings could not be read and start afresh. The old file was kept as %1.").arg(displayText(kept)));
+}
+
+void ContentViewModel::tellOfSaving() {
+    notices_.tell(QStringLiteral("settings"), surroundings_.settings.cannotSave()
+                                                  ? tr("Your settings cannot be saved. They count until you quit; "
+                                                       "check the disk and its permissions.")
+                                                  : QString());
 }
 
 void ContentViewModel::lookForExifTool() {
@@ -124,14 +128,6 @@ void ContentViewModel::noteEstimate() {
         folders_.look();
     }
     emit bannerChanged();
-}
-
-// A sheet gets what it shows before it opens, and is left alone from then on.
-void ContentViewModel::showConfirmation() {
-    if (run_.isDryRunAsked() && !isDryRunShown_) dryRun_.setSettings(confirmed(run_.nextRun()));
-    if (run_.isRunAsked() && !isRunShown_) realRun_.setSettings(confirmed(*run_.pendingRun()));
-    isDryRunShown_ = run_.isDryRunAsked();
-    isRunShown_ = run_.isRunAsked();
 }
 
 RunSettings ContentViewModel::confirmed(const RunPayload& run) const {

@@ -106,10 +106,10 @@ private:
     void connectFolders();
     void connectRun();
     void connectSettings();
-    void tellOfSettings();
+    void tellOfDamage();
+    void tellOfSaving();
     void lookForExifTool();
     void noteEstimate();
-    void showConfirmation();
     [[nodiscard]] RunSettings confirmed(const RunPayload& run) const;
     [[nodiscard]] std::optional<Banner> banner() const;
 
@@ -125,10 +125,7 @@ private:
     Notices notices_;
     ConfirmationModel dryRun_;
     ConfirmationModel realRun_;
-    bool isDryRunShown_ = false;
-    bool isRunShown_ = false;
     bool lacksExifTool_ = false;
-    bool hasToldOfDamage_ = false;
 };
 
 }  // namespace vellomar

@@ -29,8 +29,7 @@ void Exports::exportLog() {
                 [&fileSystem = surroundings_.fileSystem, path = paths.front(), text = surroundings_.log.allText()] {
                     // Whoever exports a log sees whether it is there.
                     static_cast<void>(writeAtomically(fileSystem, path, text));
-                },
-                [] {});
+                });
         });
 }
 
@@ -42,8 +41,7 @@ void Exports::exportPlan() {
             surroundings_.background.run(
                 [&fileSystem = surroundings_.fileSystem, path = paths.front(), rows = surroundings_.state.previewRows] {
                     writeExportedPlan(fileSystem, rows, path);
-                },
-                [] {});
+                });
         });
 }
 

@@ -112,6 +112,7 @@ void Folders::clearDestination() {
     auto& settings = surroundings_.settings;
     settings.setValue(keys::kDestPath, "");
     settings.remove(keys::kDestBookmark);
+    emit changed();
     look();
 }
 
@@ -147,7 +148,6 @@ void Folders::look() {
             sources_.setMissing(std::move(look.missing));
             emit changed();
         });
-    emit changed();
 }
 
 void Folders::refuse(const QString& why) {
@@ -166,6 +166,7 @@ void Folders::takeDestination(const std::string& folder) {
     settings.setValue(keys::kDestPath, folder);
     settings.remove(keys::kDestBookmark);
     addRecentDest(settings, folder);
+    emit changed();
     look();
 }
 

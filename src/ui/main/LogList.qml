@@ -89,6 +89,7 @@ Item {
             }
             TextEdit {
                 id: text
+                objectName: "logText"
                 anchors {
                     left: parent.left
                     right: parent.right

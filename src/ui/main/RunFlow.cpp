@@ -39,6 +39,7 @@ std::size_t RunFlow::activeRules() const {
 void RunFlow::askDryRun() {
     if (!canStart()) return;
     isDryRunAsked_ = true;
+    emit dryRunAsked();
     emit changed();
 }
 
@@ -66,6 +67,7 @@ void RunFlow::askRun() {
     setEstimate(std::nullopt);
     requestEstimate(run.sources, run.options);
     pendingRun_ = std::move(run);
+    emit runAsked();
     emit changed();
 }
 

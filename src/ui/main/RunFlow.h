@@ -87,6 +87,9 @@ public:
 signals:
     void changed();
     void estimateChanged();
+    // A confirmation is about to open, and what it shows is settled.
+    void dryRunAsked();
+    void runAsked();
 
 private:
     [[nodiscard]] bool hasFolders() const;

@@ -1,3 +1,6 @@
+#include <cstdint>
+#include <filesystem>
+
 #include <gmock/gmock.h>
 
 #include "settings/SettingsFile.h"
@@ -116,6 +119,21 @@ TEST_F(ContentViewModelTest, TheEstimateReachesCardsAndSheet) {
     EXPECT_EQ(content->status()->cardValues()[0], "1");
     EXPECT_EQ(valueOf(*content->realRun(), "Files to process"), "1 files · 2 MB");
     EXPECT_EQ(content->lowSpace(), "");
+}
+
+TEST_F(ContentViewModelTest, TooLittleRoomIsABannerAndALine) {
+    setFolders();
+    constexpr std::uintmax_t kMoreThanAnyDisk = 2'000'000'000'000'000;
+    std::filesystem::resize_file(library / "in/IMG_20230814_143021.jpg", kMoreThanAnyDisk);
+    makeContent();
+    ASSERT_TRUE(spinUntil([&] { return content->folders()->freeBytes().has_value(); }));
+    EXPECT_EQ(content->lowSpace(), "") << "nothing is known of the need";
+    content->run()->makeEstimate();
+    ASSERT_TRUE(spinUntil([&] { return !content->lowSpace().isEmpty(); }));
+    EXPECT_TRUE(content->lowSpace().startsWith("Only ")) << content->lowSpace().toStdString();
+    EXPECT_TRUE(content->lowSpace().endsWith(" free — need 2000000.0 GB")) << content->lowSpace().toStdString();
+    EXPECT_EQ(content->bannerText(), content->lowSpace());
+    EXPECT_EQ(content->bannerColour(), Theme::shared().yellow);
 }
 
 TEST_F(ContentViewModelTest, ASheetShowsWhatItsRunBeginsWith) {

@@ -90,6 +90,14 @@ TEST_F(LogListTest, ATabWithNothingSaysSo) {
     EXPECT_TRUE(window.shows("Run Dry Run or Sort to see activity here"));
 }
 
+TEST_F(LogListTest, TextCanBeSelected) {
+    append(3);
+    QQuickItem& line = *window.itemsNamed("logText").front();
+    const auto place = testing::placeOf(line).topLeft().toPoint() + QPoint(8, 8);
+    QTest::mouseDClick(&window.window(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(line.property("selectedText").toString(), "line");
+}
+
 TEST_F(LogListTest, AScreenReaderHearsTheLines) {
     append(3);
     EXPECT_NE(window.accessible(QAccessible::List, "ACTIVITY LOG"), nullptr);
