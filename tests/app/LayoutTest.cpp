@@ -134,6 +134,7 @@ TEST_P(LayoutTest, DuringARun) {
     user.press("RUN DRY RUN");
     ASSERT_TRUE(spinUntil([&] { return user.canPress("CANCEL"); }));
     look("running");
+    EXPECT_EQ(window().itemNamed("bottomBar").property("color").value<QColor>(), QColor("#110a0a"));
     EXPECT_FALSE(user.app().window()->close());
     look("quit-sheet");
     user.press("STAY");
@@ -168,6 +169,39 @@ TEST_P(LayoutTest, WithABannerAndNotices) {
     ASSERT_TRUE(spinUntil([&] { return user.app().content().notices()->count() == 1; }));
     user.app().content().toggleFloppyMode();
     look("banner");
+}
+
+TEST_P(LayoutTest, ItsPartsHaveTheirSizesAndColours) {
+    library.write("in/a.jpg");
+    keepSources({library / "in", library.makeFolder("out")});
+    user.start();
+    user.press("Dry Run — Preview");
+    user.press("RUN DRY RUN");
+    user.waitForEnd();
+    const auto sizeOf = [&](const char* name) { return placeOf(window().itemNamed(name)).size(); };
+    const auto colourOf = [&](const char* name) { return window().itemNamed(name).property("color").value<QColor>(); };
+    const double width = GetParam().width;
+    EXPECT_EQ(sizeOf("headerBar"), QSizeF(width, 72));
+    EXPECT_NEAR(sizeOf("foldersColumn").width(), std::clamp(width * 0.22, 220.0, 320.0), 1);
+    EXPECT_NEAR(sizeOf("toolsColumn").width(), std::clamp(width * 0.27, 280.0, 420.0), 1);
+    EXPECT_EQ(sizeOf("logBody").height(), 180);
+    EXPECT_EQ(sizeOf("lastRunPanel").height(), 180);
+    EXPECT_EQ(sizeOf("progressTrack").height(), 8);
+    EXPECT_EQ(sizeOf("fade").height(), 28);
+    EXPECT_EQ(window().itemNamed("banner").property("radius").toInt(), 3);
+    for (const auto& [name, colour] :
+         {std::pair("headerBar", "#0d0d0d"), std::pair("foldersColumn", "#111111"), std::pair("bottomBar", "#111111")})
+        EXPECT_EQ(colourOf(name), QColor(colour)) << name;
+    EXPECT_EQ(user.app().window()->minimumSize(), QSize(900, 600));
+}
+
+TEST_P(LayoutTest, TheRunButtonsAreHighEnoughToHit) {
+    user.start();
+    for (const char* const name : {"Dry Run — Preview", "Sort Photos"}) {
+        auto* const button = window().accessible(QAccessible::Button, name);
+        ASSERT_NE(button, nullptr);
+        EXPECT_EQ(button->rect().height(), 38) << name;
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Sizes, LayoutTest, ::testing::Values(Size{900, 600}, Size{1440, 900}, Size{2560, 1440}),

@@ -5,6 +5,7 @@ import Vellomar
 // One thing worth knowing about this run.
 Rectangle {
     id: banner
+    objectName: "banner"
 
     property string symbol
     property color colour: Theme.text

@@ -5,6 +5,7 @@ import Vellomar
 // What is going on, in one line, and the way out of it.
 Rectangle {
     id: bar
+    objectName: "bottomBar"
 
     required property ContentViewModel content
 

@@ -5,6 +5,7 @@ import Vellomar
 // Where a run goes from and to.
 Rectangle {
     id: column
+    objectName: "foldersColumn"
 
     required property ContentViewModel content
     readonly property Folders folders: content.folders
@@ -114,6 +115,7 @@ Rectangle {
 
     // What scrolls away at the bottom fades.
     Rectangle {
+        objectName: "fade"
         anchors {
             left: parent.left
             right: parent.right

@@ -5,6 +5,7 @@ import Vellomar
 // Who the program is, and what it is doing.
 Rectangle {
     id: header
+    objectName: "headerBar"
 
     required property ContentViewModel content
 

@@ -5,6 +5,7 @@ import Vellomar
 // What the last run did, and the way back.
 Rectangle {
     id: panel
+    objectName: "lastRunPanel"
 
     required property ContentViewModel content
     readonly property RunStatus status: content.status

@@ -4,6 +4,7 @@ import Vellomar
 // The lines of the log. It follows the end unless the user scrolled away from it.
 Item {
     id: root
+    objectName: "logBody"
 
     required property LogModel log
 

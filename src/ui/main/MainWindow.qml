@@ -9,8 +9,8 @@ ApplicationWindow {
     required property ContentViewModel content
 
     title: "Vellomar Organizer"
-    width: 1280
-    height: 832
+    width: Math.min(1280, Math.max(minimumWidth, Screen.desktopAvailableWidth))
+    height: Math.min(832, Math.max(minimumHeight, Screen.desktopAvailableHeight))
     minimumWidth: 900
     minimumHeight: 600
     color: Theme.windowBackground

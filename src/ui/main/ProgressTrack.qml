@@ -4,6 +4,7 @@ import Vellomar
 // How much is done, from 0 to 1.
 Rectangle {
     id: track
+    objectName: "progressTrack"
 
     property real value: 0
     property string text

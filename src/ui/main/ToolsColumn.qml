@@ -5,6 +5,7 @@ import Vellomar
 // The tools, and what the last run did.
 Rectangle {
     id: column
+    objectName: "toolsColumn"
 
     required property ContentViewModel content
 
