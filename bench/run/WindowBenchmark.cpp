@@ -22,12 +22,12 @@ Measurement sortInWindow(const WorkFolder& work, const std::string& source) {
 }  // namespace
 
 std::vector<Result> benchmarkWindow(const Arguments& arguments) {
-    constexpr std::size_t kSmall = 6'000;
-    constexpr std::size_t kLarge = 4 * kSmall;
-    constexpr std::uint64_t kFileSize = 6'000;
+    constexpr std::size_t kFewPhotos = 6'000;
+    constexpr std::size_t kManyPhotos = 4 * kFewPhotos;
+    constexpr std::uint64_t kBytesOfPhoto = 6'000;
     const WorkFolder work(arguments.keepsFolders);
-    makePhotos(work / "small", scaled(arguments, kSmall, kSmall), kFileSize);
-    makePhotos(work / "large", scaled(arguments, kLarge, kLarge), kFileSize);
+    makePhotos(work / "small", scaled(arguments, kFewPhotos, kFewPhotos), kBytesOfPhoto);
+    makePhotos(work / "large", scaled(arguments, kManyPhotos, kManyPhotos), kBytesOfPhoto);
 
     std::vector<double> gaps;
     std::vector<double> growth;
@@ -37,20 +37,20 @@ std::vector<Result> benchmarkWindow(const Arguments& arguments) {
         const auto large = sortInWindow(work, work / "large");
         gaps.push_back(small.seconds * kMilli);
         const auto more = static_cast<double>(large.peakMemory) - static_cast<double>(small.peakMemory);
-        growth.push_back(more / kKibibyte / static_cast<double>(kLarge - kSmall));
+        growth.push_back(more / kKibibyte / static_cast<double>(kManyPhotos - kFewPhotos));
         memory = small.peakMemory;
     }
     return {{.name = "window gap",
              .rounds = gaps,
              .unit = "ms",
              .goal = {Direction::atMost, 50},
-             .detail = fmt::format("longest time without a turn of the event loop, {} files", kSmall)},
+             .detail = fmt::format("longest time without a turn of the event loop, {} files", kFewPhotos)},
             {.name = "window memory",
              .rounds = growth,
              .unit = "KiB",
              .goal = {Direction::atMost, 3},
-             .detail = fmt::format("a file of a real run, {} files against {}, which take {:.0f} MiB", kLarge, kSmall,
-                                   static_cast<double>(memory) / kMebibyte)}};
+             .detail = fmt::format("a file of a real run, {} files against {}, which take {:.0f} MiB", kManyPhotos,
+                                   kFewPhotos, static_cast<double>(memory) / kMebibyte)}};
 }
 
 }  // namespace vellomar::bench

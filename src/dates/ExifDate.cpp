@@ -26,7 +26,7 @@ std::optional<int> fieldOf(std::string_view digits, int least, int most) {
     return value;
 }
 
-std::optional<Instant> localDate(std::string_view text) {
+std::optional<Instant> dateWithoutZone(std::string_view text) {
     if (!hasUsualShape(text)) return std::nullopt;
     const auto year = fieldOf(text.substr(0, 4), 1901, 9999);
     const auto month = fieldOf(text.substr(5, 2), 1, 12);
@@ -50,7 +50,7 @@ std::optional<Instant> zonedDate(std::string_view text) {
 }  // namespace
 
 std::optional<Instant> parseExifDate(std::string_view text) {
-    if (const auto date = localDate(text)) return date;
+    if (const auto date = dateWithoutZone(text)) return date;
     return zonedDate(text);
 }
 

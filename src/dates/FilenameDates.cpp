@@ -43,7 +43,7 @@ std::optional<Instant> instantOfDigits(std::string_view text) {
     return existingInstant(civil);
 }
 
-std::string without(std::string_view text, std::string_view unwanted) {
+std::string withoutCharacters(std::string_view text, std::string_view unwanted) {
     std::string kept;
     kept.reserve(text.size());
     std::ranges::copy_if(text, std::back_inserter(kept),
@@ -101,7 +101,7 @@ std::optional<DateCandidate> signalExport(std::string_view stem) {
     const auto match = kPattern.firstMatch(stem);
     if (!match) return std::nullopt;
     const auto behindWord = match->substr(match->find_first_of("-_"));
-    const auto date = instantOfDigits(without(behindWord, "-_"));
+    const auto date = instantOfDigits(withoutCharacters(behindWord, "-_"));
     if (!date) return std::nullopt;
     return DateCandidate{*date, "Filename-Signal", 73};
 }
@@ -126,7 +126,8 @@ std::optional<DateCandidate> datedName(std::string_view stem) {
     for (const auto& [pattern, score] : kShapes) {
         const auto match = pattern.firstMatch(stem);
         if (!match) continue;
-        if (const auto date = instantOfDigits(without(*match, " -._:"))) return DateCandidate{*date, "Filename", score};
+        if (const auto date = instantOfDigits(withoutCharacters(*match, " -._:")))
+            return DateCandidate{*date, "Filename", score};
     }
     return std::nullopt;
 }

@@ -8,7 +8,6 @@
 namespace vellomar {
 namespace {
 
-constexpr int kBits = 64;
 constexpr int kWidestBand = 16;  // its index still fits the second-level cache
 constexpr int kLargestRadius = 2;
 constexpr std::size_t kFewValues = 2'000;
@@ -73,7 +72,7 @@ struct Plan {
 // The most promising first.
 std::vector<Plan> plansFor(int threshold, std::size_t valueCount) {
     std::vector<Plan> plans;
-    for (int count = 1; count <= std::min(threshold + 1, kBits); ++count) {
+    for (int count = 1; count <= std::min(threshold + 1, kValueBits); ++count) {
         auto bands = bandsFor(threshold, count);
         if (bands.front().radius > kLargestRadius) continue;
         const double cost = expectedCost(bands, static_cast<double>(valueCount));
@@ -91,7 +90,7 @@ std::vector<Band> bandsFor(int threshold, int count) {
     int shift = 0;
     for (int i = 0; i < count; ++i) {
         // What is left over goes to the first bands, so that a larger radius has more bits to choose from.
-        const int bits = kBits / count + (i < kBits % count ? 1 : 0);
+        const int bits = kValueBits / count + (i < kValueBits % count ? 1 : 0);
         const int radius = radii / count + (i < radii % count ? 1 : 0) - 1;
         bands.push_back({.shift = shift, .width = std::min(bits, kWidestBand), .radius = radius});
         shift += bits;

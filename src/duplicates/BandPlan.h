@@ -8,6 +8,9 @@
 
 namespace vellomar {
 
+// In each value, and so the largest distance of two.
+inline constexpr int kValueBits = 64;
+
 // Some neighbouring bits of every value, and in how many of them two values may differ to be compared at all.
 struct Band {
     int shift = 0;   // bits below it

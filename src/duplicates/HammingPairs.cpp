@@ -12,8 +12,6 @@
 namespace vellomar {
 namespace {
 
-constexpr int kBits = 64;
-
 // Pairs that the search through bands may gather, unless there are more values than that: 50 MB of them.
 constexpr std::size_t kLeastRoom = 4'000'000;
 
@@ -35,7 +33,7 @@ void compareAll(std::span<const std::uint64_t> values, std::size_t begin, int th
 
 void forEachHammingPair(std::span<const std::uint64_t> values, int threshold, const HammingPairSink& sink) {
     if (threshold < 0) return;
-    const int limit = std::min(threshold, kBits);
+    const int limit = std::min(threshold, kValueBits);
     std::size_t done = 0;
     if (const auto bands = cheapestBands(values, limit); !bands.empty())
         done = searchBands(values, limit, bands, std::max(kLeastRoom, values.size()), sink);

@@ -13,7 +13,7 @@ namespace vellomar {
 namespace {
 
 // Why this program, and not the system, leaves a duplicate where it is.
-tl::unexpected<Error> refusal(std::string description) {
+tl::unexpected<Error> refusedRemoval(std::string description) {
     return tl::unexpected(Error{"DuplicateRemoval", 1, std::move(description)});
 }
 
@@ -52,36 +52,37 @@ Expected<void> DuplicateRemoval::check(const std::string& path, const ExactDupli
     const std::string canonical(group.canonical());
     const auto statusOfKept = statusOfCanonical(canonical);
     if (!statusOfKept) return tl::unexpected(statusOfKept.error());
-    if (status->identity == statusOfKept->identity) return refusal("Both paths lead to the same file");
-    if (isOriginal(status->identity, group)) return refusal("It is an original");
-    if (!holds(canonical, *statusOfKept, group.sha256)) return refusal("The file to keep has other content");
-    if (!holds(path, *status, group.sha256)) return refusal("It was not placed by this run and has other content");
+    if (status->identity == statusOfKept->identity) return refusedRemoval("Both paths lead to the same file");
+    if (isOriginal(status->identity, group)) return refusedRemoval("It is an original");
+    if (!holds(canonical, *statusOfKept, group.sha256)) return refusedRemoval("The file to keep has other content");
+    if (!holds(path, *status, group.sha256))
+        return refusedRemoval("It was not placed by this run and has other content");
     return {};
 }
 
 // Every folder between the destination and the file is one itself, not a link to one.
 Expected<void> DuplicateRemoval::checkPlace(const std::string& path) const {
     const auto relative = partBelow(path, dest_);
-    if (!relative || !isPlain(*relative)) return refusal("It does not lie plainly in the destination folder");
+    if (!relative || !isPlain(*relative)) return refusedRemoval("It does not lie plainly in the destination folder");
     const auto above = path.size() - relative->size();
     for (auto slash = path.find('/', above); slash != std::string::npos; slash = path.find('/', slash + 1)) {
         const auto folder = fileSystem_.status(path.substr(0, slash));
         if (!folder) return tl::unexpected(folder.error());
-        if (folder->type != FileType::directory) return refusal("A symbolic link leads to it");
+        if (folder->type != FileType::directory) return refusedRemoval("A symbolic link leads to it");
     }
     return {};
 }
 
 Expected<FileStatus> DuplicateRemoval::statusOfFile(const std::string& path) const {
     auto status = fileSystem_.status(path);
-    if (status && status->type != FileType::regular) return refusal("It is not a regular file");
+    if (status && status->type != FileType::regular) return refusedRemoval("It is not a regular file");
     return status;
 }
 
 Expected<FileStatus> DuplicateRemoval::statusOfCanonical(const std::string& path) const {
     auto status = fileSystem_.statusFollowingLinks(path);
-    if (!status) return refusal("The file to keep cannot be found");
-    if (status->type != FileType::regular) return refusal("The file to keep is not a regular file");
+    if (!status) return refusedRemoval("The file to keep cannot be found");
+    if (status->type != FileType::regular) return refusedRemoval("The file to keep is not a regular file");
     return status;
 }
 

@@ -16,7 +16,7 @@
 namespace vellomar {
 namespace {
 
-constexpr std::size_t kShownHashLength = 12;
+constexpr std::size_t kReportedHashLength = 12;
 
 class DuplicateStage {
 public:
@@ -49,7 +49,7 @@ private:
         context_.appendLog(fmt::format("Found {} duplicate group(s).", groups.size()));
         for (const auto& group : groups) {
             context_.appendLog(fmt::format("Duplicate group sha={} count={} canonical='{}'",
-                                           group.sha256.substr(0, kShownHashLength), group.paths.size(),
+                                           group.sha256.substr(0, kReportedHashLength), group.paths.size(),
                                            group.canonical()));
             for (const auto duplicate : group.duplicates())
                 context_.appendLog(fmt::format("  dup: {}", duplicate));

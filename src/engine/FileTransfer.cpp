@@ -15,14 +15,14 @@
 namespace vellomar {
 namespace {
 
-constexpr std::size_t kShownHashLength = 16;
+constexpr std::size_t kComparedHashLength = 16;
 
 std::string truthText(bool value) {
     return value ? "true" : "false";
 }
 
 // Why this program, and not the system, leaves a source where it is.
-tl::unexpected<Error> refusal(std::string description) {
+tl::unexpected<Error> refusedTransfer(std::string description) {
     return tl::unexpected(Error{"FileTransfer", 1, std::move(description)});
 }
 
@@ -159,11 +159,13 @@ Expected<FileTransfer::Placement> FileTransfer::placeUnderFreeName(const Road& r
 // The only copy of a photo never goes: not when the destination is the source itself by another path, not when the
 // copy's name may be lost in a power cut, and not when the source was written to while it was copied.
 Expected<void> FileTransfer::removeSource(const Road& road, const FileStatus& statusBeforeCopy) {
-    if (isSameFile(disk(), road.source, road.destination)) return refusal("Source and destination are the same file");
+    if (isSameFile(disk(), road.source, road.destination))
+        return refusedTransfer("Source and destination are the same file");
     if (auto synced = disk().syncDirectory(road.parent); !synced) return synced;
     const auto statusNow = disk().statusFollowingLinks(road.source);
     if (!statusNow) return tl::unexpected(statusNow.error());
-    if (!isUnchanged(statusBeforeCopy, *statusNow)) return refusal("The source changed while it was being moved");
+    if (!isUnchanged(statusBeforeCopy, *statusNow))
+        return refusedTransfer("The source changed while it was being moved");
     return disk().removeFile(road.source);
 }
 
@@ -177,8 +179,8 @@ void FileTransfer::verify(const Road& road, const tl::expected<std::string, Dige
 
 void FileTransfer::reportMismatch(const Road& road, std::string_view sourceHash, std::string_view destinationHash) {
     context_.appendLog("✗ VERIFY FAILED — copy may be corrupted: " + road.name);
-    context_.appendLog(fmt::format("  src={}… dst={}…", sourceHash.substr(0, kShownHashLength),
-                                   destinationHash.substr(0, kShownHashLength)));
+    context_.appendLog(fmt::format("  src={}… dst={}…", sourceHash.substr(0, kComparedHashLength),
+                                   destinationHash.substr(0, kComparedHashLength)));
     context_.port.hop([](MainActorState& main) {
         auto& published = main.published;
         published.set(PublishedField::verifyFailures, &PublishedState::verifyFailures,

@@ -33,7 +33,7 @@ void replaceEvery(std::string& text, std::string_view token, std::string_view va
         text.replace(at, token.size(), value);
 }
 
-std::string_view trimmed(std::string_view segment) {
+std::string_view withoutOuterBlanks(std::string_view segment) {
     constexpr std::string_view kBlanks = " \t";
     const auto first = segment.find_first_not_of(kBlanks);
     if (first == std::string_view::npos) return {};
@@ -59,7 +59,7 @@ std::string relativePathOfTemplate(std::string_view rendered) {
     path.reserve(rendered.size());
     while (!rendered.empty()) {
         const auto end = std::min(rendered.find('/'), rendered.size());
-        if (const auto segment = trimmed(rendered.substr(0, end)); !segment.empty()) {
+        if (const auto segment = withoutOuterBlanks(rendered.substr(0, end)); !segment.empty()) {
             if (!path.empty()) path += '/';
             path += segment;
         }

@@ -1,5 +1,6 @@
 #include "platform/Error.h"
 
+#include <cerrno>
 #include <cstring>
 
 namespace vellomar {
@@ -11,6 +12,11 @@ Error systemError(int errnoValue) {
 
 tl::unexpected<Error> systemFailure(int errnoValue) {
     return tl::unexpected(systemError(errnoValue));
+}
+
+Expected<void> successOrFailure(int result) {
+    if (result != 0) return systemFailure(errno);
+    return {};
 }
 
 bool isSystemError(const Error& error, int errnoValue) {

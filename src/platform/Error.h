@@ -30,6 +30,9 @@ using Expected = tl::expected<T, Error>;
 // As above, ready to be returned from a function that yields an Expected.
 [[nodiscard]] tl::unexpected<Error> systemFailure(int errnoValue);
 
+// What a system call that answers 0 or leaves an errno came to. To be called at once behind it. Any thread.
+[[nodiscard]] Expected<void> successOrFailure(int result);
+
 // Whether `error` is the kernel's `errnoValue`.
 [[nodiscard]] bool isSystemError(const Error& error, int errnoValue);
 

@@ -19,11 +19,6 @@
 namespace vellomar {
 namespace {
 
-Expected<void> successOrFailure(int result) {
-    if (result != 0) return systemFailure(errno);
-    return {};
-}
-
 Expected<FileDescriptor> openDescriptor(const std::string& path, int flags, mode_t mode = 0) {
     FileDescriptor descriptor(::open(path.c_str(), flags | O_CLOEXEC, mode));
     if (!descriptor.isOpen()) return systemFailure(errno);

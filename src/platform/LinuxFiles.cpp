@@ -25,11 +25,6 @@ Expected<std::size_t> countOrFailure(ssize_t count) {
     return static_cast<std::size_t>(count);
 }
 
-Expected<void> successOrFailure(int result) {
-    if (result != 0) return systemFailure(errno);
-    return {};
-}
-
 // What users and file managers keep with a file. Others belong to the system, which gives every file its own.
 bool isUsersAttribute(std::string_view name) {
     return name.starts_with("user.") || name == "system.posix_acl_access";

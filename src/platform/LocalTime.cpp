@@ -6,7 +6,7 @@
 namespace vellomar {
 namespace {
 
-constexpr std::int64_t kDay = 86'400;
+constexpr std::int64_t kSecondsOfDay = 86'400;
 
 std::tm brokenDown(std::int64_t unixTime) {
     const auto time = static_cast<std::time_t>(unixTime);
@@ -49,7 +49,7 @@ struct Meanings {
 
 Meanings meaningsOf(const CivilTime& civil) {
     const std::int64_t utc = asIfUtc(civil);
-    return {utc - offsetAt(utc - kDay), utc - offsetAt(utc + kDay)};
+    return {utc - offsetAt(utc - kSecondsOfDay), utc - offsetAt(utc + kSecondsOfDay)};
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ namespace vellomar {
 namespace {
 
 // ICU takes time by the square of a number's digits, and a text from a file may be nothing but digits.
-constexpr std::size_t kLongestText = 256;
+constexpr std::size_t kLongestDate = 256;
 
 icu::UnicodeString unicodeOf(std::string_view utf8) {
     return icu::UnicodeString::fromUTF8(icu::StringPiece(utf8.data(), static_cast<std::int32_t>(utf8.size())));
@@ -56,7 +56,7 @@ StrictDateFormatter::~StrictDateFormatter() = default;
 
 std::optional<Instant> StrictDateFormatter::parse(std::string_view utf8Text) const {
     const auto* format = format_->icuFormat.get();
-    if (format == nullptr || utf8Text.size() > kLongestText || !isUtf8(utf8Text)) return std::nullopt;
+    if (format == nullptr || utf8Text.size() > kLongestDate || !isUtf8(utf8Text)) return std::nullopt;
     const auto text = unicodeOf(utf8Text);
     // Reading writes into a calendar, so each call has its own.
     const std::unique_ptr<icu::Calendar> calendar(format->getCalendar()->clone());

@@ -27,7 +27,7 @@ double secondsOf(const Json& arguments) {
     return seconds;
 }
 
-Json kindOf(const Json& arguments) {
+Json mediaKindOf(const Json& arguments) {
     return std::string(nameOf(fileKindOf(textOf(arguments, "path"))));
 }
 
@@ -80,7 +80,7 @@ Json pairs(const Json& arguments) {
 }  // namespace
 
 void addFileOps(Ops& ops) {
-    ops["fileKindOf"] = kindOf;
+    ops["fileKindOf"] = mediaKindOf;
     ops["dateString"] = date;
     ops["formatBytes"] = bytes;
     ops["formatDuration"] = duration;

@@ -49,7 +49,7 @@ Json exifTool(const ExifTool& exifTool) {
     return {{"executable", command->executable}, {"leadingArguments", command->leadingArguments}};
 }
 
-BatchKind kindOf(const Json& arguments) {
+BatchKind batchKindOf(const Json& arguments) {
     const auto kind = textOf(arguments, "kind");
     if (kind == "image") return BatchKind::image;
     if (kind == "video") return BatchKind::video;
@@ -84,7 +84,7 @@ Json batch(const ExifTool& exifTool, const Json& arguments) {
         pointers.push_back(&file);
     Json progress = Json::array();
     const auto result = batchReadExif(exifTool, {.files = pointers,
-                                                 .kind = kindOf(arguments),
+                                                 .kind = batchKindOf(arguments),
                                                  .chunkSize = chunkSizeOf(arguments),
                                                  .timeout = timeoutOf(arguments),
                                                  .isCancelled = {},

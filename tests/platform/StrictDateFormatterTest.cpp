@@ -177,13 +177,13 @@ TEST(StrictDateFormatter, APatternOfMeaninglessLettersFitsNothing) {
 TEST(StrictDateFormatter, ServesManyThreadsAtOnce) {
     constexpr int kThreads = 4;
     constexpr int kTexts = 500;
-    constexpr std::array<std::string_view, 4> kZones = {"Z", "+0100", "+02:00", "GMT+3"};
+    constexpr std::array<std::string_view, 4> kSuffixes = {"Z", "+0100", "+02:00", "GMT+3"};
     const StrictDateFormatter formatter("yyyy-MM-dd HH:mm:ssZ");
     std::atomic<int> wrong = 0;
     const auto readTexts = [&](int firstYear) {
         for (int year = firstYear; year < firstYear + kTexts; ++year) {
-            const auto hoursAhead = static_cast<std::size_t>(year) % kZones.size();
-            const auto text = std::to_string(year) + "-08-14 14:30:21" + std::string(kZones[hoursAhead]);
+            const auto hoursAhead = static_cast<std::size_t>(year) % kSuffixes.size();
+            const auto text = std::to_string(year) + "-08-14 14:30:21" + std::string(kSuffixes[hoursAhead]);
             const auto day = std::chrono::sys_days(std::chrono::year(year) / 8 / 14);
             if (formatter.parse(text) != day + 14h + 30min + 21s - std::chrono::hours(hoursAhead)) ++wrong;
             if (formatter.parse("2023-02-30 14:30:21Z")) ++wrong;

@@ -114,4 +114,8 @@ QRectF placeOf(const QQuickItem& item) {
     return item.mapRectToScene(QRectF(0, 0, item.width(), item.height()));
 }
 
+QColor colourOf(const QQuickItem& item) {
+    return item.property("color").value<QColor>();
+}
+
 }  // namespace vellomar::testing

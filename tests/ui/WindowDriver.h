@@ -50,4 +50,7 @@ private:
 // How it lies in the window.
 [[nodiscard]] QRectF placeOf(const QQuickItem& item);
 
+// Its property "color".
+[[nodiscard]] QColor colourOf(const QQuickItem& item);
+
 }  // namespace vellomar::testing

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 
 #include "platform/LinuxFileSystem.h"
+#include "support/Morning.h"
 #include "support/ScopedOrdinaryUser.h"
 #include "support/ScopedTimeZone.h"
 #include "support/TemporaryFolder.h"
@@ -21,8 +22,6 @@ using testing::exists;
 using ::testing::IsEmpty;
 using testing::ScopedTimeZone;
 using testing::TemporaryFolder;
-
-constexpr Instant kMorning = instantFromUnixSeconds(std::int64_t{1'718'358'067});  // 2024-06-14T09:41:07Z
 
 UndoManifest manifestOf(std::string runID) {
     UndoManifest manifest{std::move(runID), "/s", "/d", {}};

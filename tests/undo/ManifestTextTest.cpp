@@ -3,12 +3,12 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include "support/Morning.h"
 #include "undo/ManifestText.h"
 
 namespace vellomar {
 namespace {
 
-constexpr Instant kMorning = instantFromUnixSeconds(std::int64_t{1'718'358'067});  // 2024-06-14T09:41:07Z
 constexpr const char* kHash = "9f86d081884c7d659a2feaa0c55ad015a3bf4f1b2b0b822cd15d6c15b0f00a08";
 
 UndoManifest manifestOfTwo() {

@@ -9,6 +9,7 @@
 #include "platform/FileDigest.h"
 #include "platform/LinuxFileSystem.h"
 #include "support/CallRecorder.h"
+#include "support/Morning.h"
 #include "support/ScopedOrdinaryUser.h"
 #include "support/SeparateVolume.h"
 #include "support/TemporaryFolder.h"
@@ -23,8 +24,6 @@ using ::testing::ElementsAre;
 using testing::exists;
 using ::testing::IsEmpty;
 using testing::ScopedOrdinaryUser;
-
-constexpr Instant kMorning = instantFromUnixSeconds(std::int64_t{1'718'358'067});
 
 // Undoes a manifest that each test makes itself, entry by entry. Sources lie below "source", destinations below "dest".
 class UndoExecutionTest : public ::testing::Test {

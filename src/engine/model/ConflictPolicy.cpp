@@ -5,7 +5,7 @@
 namespace vellomar {
 namespace {
 
-constexpr RawTexts<ConflictPolicy, 3> kRawTexts = {{
+constexpr RawTexts<ConflictPolicy, 3> kPolicyTexts = {{
     {ConflictPolicy::skip, "Skip"},
     {ConflictPolicy::rename, "Rename"},
     {ConflictPolicy::overwrite, "Overwrite"},
@@ -14,11 +14,11 @@ constexpr RawTexts<ConflictPolicy, 3> kRawTexts = {{
 }  // namespace
 
 std::string_view rawText(ConflictPolicy policy) {
-    return rawTextIn(kRawTexts, policy);
+    return rawTextIn(kPolicyTexts, policy);
 }
 
 std::optional<ConflictPolicy> conflictPolicyFrom(std::string_view rawText) {
-    return valueIn(kRawTexts, rawText);
+    return valueIn(kPolicyTexts, rawText);
 }
 
 }  // namespace vellomar

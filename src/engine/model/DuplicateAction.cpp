@@ -5,7 +5,7 @@
 namespace vellomar {
 namespace {
 
-constexpr RawTexts<DuplicateAction, 3> kRawTexts = {{
+constexpr RawTexts<DuplicateAction, 3> kActionTexts = {{
     {DuplicateAction::log, "Log Only"},
     {DuplicateAction::moveToBin, "Move to _Duplicates"},
     {DuplicateAction::skip, "Skip Duplicate"},
@@ -14,11 +14,11 @@ constexpr RawTexts<DuplicateAction, 3> kRawTexts = {{
 }  // namespace
 
 std::string_view rawText(DuplicateAction action) {
-    return rawTextIn(kRawTexts, action);
+    return rawTextIn(kActionTexts, action);
 }
 
 std::optional<DuplicateAction> duplicateActionFrom(std::string_view rawText) {
-    return valueIn(kRawTexts, rawText);
+    return valueIn(kActionTexts, rawText);
 }
 
 }  // namespace vellomar

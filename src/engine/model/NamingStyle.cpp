@@ -5,7 +5,7 @@
 namespace vellomar {
 namespace {
 
-constexpr RawTexts<NamingStyle, 5> kRawTexts = {{
+constexpr RawTexts<NamingStyle, 5> kStyleTexts = {{
     {NamingStyle::original, "original"},
     {NamingStyle::recommended, "recommended"},
     {NamingStyle::cleanDate, "cleanDate"},
@@ -16,11 +16,11 @@ constexpr RawTexts<NamingStyle, 5> kRawTexts = {{
 }  // namespace
 
 std::string_view rawText(NamingStyle style) {
-    return rawTextIn(kRawTexts, style);
+    return rawTextIn(kStyleTexts, style);
 }
 
 std::optional<NamingStyle> namingStyleFrom(std::string_view rawText) {
-    return valueIn(kRawTexts, rawText);
+    return valueIn(kStyleTexts, rawText);
 }
 
 }  // namespace vellomar

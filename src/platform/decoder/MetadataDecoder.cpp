@@ -8,11 +8,11 @@
 namespace vellomar {
 namespace {
 
-constexpr std::chrono::seconds kMostTime{30};
+constexpr std::chrono::seconds kMostTimeOfFile{30};
 
 }  // namespace
 
-MetadataDecoder::MetadataDecoder(std::string program) : process_(std::move(program), kMostTime) {}
+MetadataDecoder::MetadataDecoder(std::string program) : process_(std::move(program), kMostTimeOfFile) {}
 
 std::optional<MediaMetadata> MetadataDecoder::readMetadata(InputFile& file, MediaKind kind) {
     const auto request = kind == MediaKind::image ? DecoderRequest::imageMetadata : DecoderRequest::videoMetadata;

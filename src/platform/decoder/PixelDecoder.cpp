@@ -8,11 +8,11 @@
 namespace vellomar {
 namespace {
 
-constexpr std::chrono::seconds kMostTime{120};
+constexpr std::chrono::seconds kMostTimeOfPicture{120};
 
 }  // namespace
 
-PixelDecoder::PixelDecoder(std::string program) : process_(std::move(program), kMostTime) {}
+PixelDecoder::PixelDecoder(std::string program) : process_(std::move(program), kMostTimeOfPicture) {}
 
 std::optional<GreyRaster> PixelDecoder::readGreyRaster(InputFile& file) {
     return process_.ask<GreyRaster>(DecoderRequest::greyRaster, std::array{file.descriptor()}, rasterFromAnswer);

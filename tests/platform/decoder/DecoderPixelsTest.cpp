@@ -11,6 +11,7 @@
 #include "dates/ExifTool.h"
 #include "platform/LinuxFileSystem.h"
 #include "platform/decoder/PixelDecoder.h"
+#include "support/BigEndian.h"
 #include "support/DecoderProgram.h"
 #include "support/MediaFiles.h"
 #include "support/RunTool.h"
@@ -20,6 +21,7 @@ namespace vellomar {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::bigEndian;
 using testing::contentOf;
 using testing::makePicture;
 
@@ -185,13 +187,6 @@ TEST_F(DecoderPixels, BrokenFilesHaveNone) {
     EXPECT_EQ(
         rasterOf(folder.write("drawing.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"/>)")),
         std::nullopt);
-}
-
-std::string bigEndian(std::uint32_t number) {
-    std::string bytes;
-    for (unsigned shift = 32; shift > 0;)
-        bytes += static_cast<char>(number >> (shift -= 8));
-    return bytes;
 }
 
 TEST_F(DecoderPixels, AHostileSizeIsNotDecoded) {

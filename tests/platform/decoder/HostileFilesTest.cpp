@@ -9,6 +9,7 @@
 
 #include "platform/LinuxFileSystem.h"
 #include "platform/decoder/MetadataDecoder.h"
+#include "support/BigEndian.h"
 #include "support/DecoderProgram.h"
 #include "support/MediaFiles.h"
 #include "support/ProcessCensus.h"
@@ -16,6 +17,8 @@
 
 namespace vellomar {
 namespace {
+
+using testing::bigEndian;
 
 // Beyond what even a sanitized decoder takes; a reader that scans 2 GB or decodes 10,000 megapixels takes longer.
 constexpr auto kSoon = std::chrono::seconds(20);
@@ -61,13 +64,6 @@ protected:
     LinuxFileSystem disk;
     MetadataDecoder decoder{testing::decoderProgram()};
 };
-
-std::string bigEndian(std::uint32_t number) {
-    std::string bytes;
-    for (unsigned shift = 32; shift > 0;)
-        bytes += static_cast<char>(number >> (shift -= 8));
-    return bytes;
-}
 
 TEST_F(HostileFiles, HugeSparseFilesOfEveryKind) {
     const std::array heads = {std::string("\xff\xd8\xff\xe0\0\x10JFIF\0", 11),

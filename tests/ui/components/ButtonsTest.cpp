@@ -25,7 +25,7 @@ constexpr auto kFourButtons = R"(
 )";
 constexpr const char* kNames[] = {"tool", "primary", "secondary", "close"};
 
-QColor colourOf(QQuickItem& button, const char* part, const char* property) {
+QColor colourOfPart(QQuickItem& button, const char* part, const char* property) {
     return button.findChild<QObject*>(part)->property(property).value<QColor>();
 }
 
@@ -110,22 +110,22 @@ TEST(Buttons, HaveTheirSizesAndColours) {
     EXPECT_EQ(font.capitalization(), QFont::AllUppercase);
 
     auto& primary = window.itemNamed("primary");
-    EXPECT_EQ(colourOf(primary, "box", "color"), hexColour("F5C518"));
-    EXPECT_EQ(colourOf(primary, "label", "color"), hexColour("0A0A0A"));
+    EXPECT_EQ(colourOfPart(primary, "box", "color"), hexColour("F5C518"));
+    EXPECT_EQ(colourOfPart(primary, "label", "color"), hexColour("0A0A0A"));
     EXPECT_EQ(primary.findChild<QObject*>("box")->property("radius").toInt(), 3);
     QTest::mouseMove(&window.window(), placeOf(primary).center().toPoint());
     window.settle();
-    EXPECT_EQ(colourOf(primary, "box", "color"), hexColour("FFD732"));
+    EXPECT_EQ(colourOfPart(primary, "box", "color"), hexColour("FFD732"));
 
     auto& secondary = window.itemNamed("secondary");
-    EXPECT_EQ(colourOf(secondary, "label", "color"), hexColour("707068"));
+    EXPECT_EQ(colourOfPart(secondary, "label", "color"), hexColour("707068"));
     auto* const edge = secondary.findChild<QObject*>("box")->property("border").value<QObject*>();
     EXPECT_EQ(edge->property("color").value<QColor>(), hexColour("2A2A2A"));
     secondary.setProperty("accent", true);
-    EXPECT_EQ(colourOf(secondary, "label", "color"), hexColour("F5C518"));
+    EXPECT_EQ(colourOfPart(secondary, "label", "color"), hexColour("F5C518"));
     EXPECT_EQ(edge->property("color").value<QColor>(), hexColour("F5C518"));
 
-    EXPECT_EQ(colourOf(window.itemNamed("close"), "label", "color"), hexColour("707068"));
+    EXPECT_EQ(colourOfPart(window.itemNamed("close"), "label", "color"), hexColour("707068"));
 }
 
 }  // namespace

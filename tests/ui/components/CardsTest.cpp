@@ -9,12 +9,9 @@
 namespace vellomar {
 namespace {
 
+using testing::colourOf;
 using testing::placeOf;
 using testing::QmlWindow;
-
-QColor colourOf(const QQuickItem& item) {
-    return item.property("color").value<QColor>();
-}
 
 QColor edgeOf(const QQuickItem& item) {
     return item.property("border").value<QObject*>()->property("color").value<QColor>();

@@ -10,12 +10,9 @@
 namespace vellomar {
 namespace {
 
+using testing::colourOf;
 using testing::placeOf;
 using testing::QmlWindow;
-
-QColor colourOf(const QQuickItem& item) {
-    return item.property("color").value<QColor>();
-}
 
 TEST(YellowToggleStyle, IsACapsuleWithARoundKnobThatSlidesToTheRight) {
     QmlWindow window;

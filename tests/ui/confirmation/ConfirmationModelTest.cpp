@@ -5,19 +5,12 @@
 
 #include "ui/QtPrinters.h"
 #include "ui/confirmation/ConfirmationModel.h"
+#include "ui/confirmation/PlainSettings.h"
 
 namespace vellomar {
 namespace {
 
 constexpr int kAlways = 6;  // rows that are there whatever the settings
-
-RunSettings plainSettings() {
-    RunSettings settings{{"/photos/Card"}, "/library", {}, {}, 0};
-    auto& options = settings.options;
-    options.computeHashForDuplicates = options.verifyAfterCopy = options.keepRawJpegPairs = options.syncFSDates = false;
-    options.moveOriginalsWhenReliable = false;
-    return settings;
-}
 
 std::vector<SettingRow> rowsOf(ConfirmationModel& model) {
     std::vector<SettingRow> rows;

@@ -4,6 +4,7 @@
 
 #include "ui/QtPrinters.h"
 #include "ui/confirmation/ConfirmationRows.h"
+#include "ui/confirmation/PlainSettings.h"
 #include "ui/theme/HexColour.h"
 
 namespace vellomar {
@@ -29,13 +30,6 @@ std::vector<std::pair<QString, QString>> textsOf(const std::vector<SettingRow>& 
 }
 
 // With as few rows as there can be.
-RunSettings plainSettings() {
-    RunSettings settings{{"/photos/Card"}, "/library/Sorted/", {}, {}, 0};
-    auto& options = settings.options;
-    options.computeHashForDuplicates = options.verifyAfterCopy = options.keepRawJpegPairs = options.syncFSDates = false;
-    return settings;
-}
-
 QString valueOf(const RunSettings& settings, const char* key) {
     const auto rows = settingRows(settings, MissingEstimate::leftOut);
     const auto row = std::ranges::find(rows, QString(key), &SettingRow::key);

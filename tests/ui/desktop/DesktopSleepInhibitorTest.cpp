@@ -24,9 +24,9 @@ using testing::PrivateBus;
 using testing::spinUntil;
 
 // Grants what is asked, each under a handle of its own.
-class FakePortal : public FakeService {
+class FakeInhibitPortal : public FakeService {
 public:
-    explicit FakePortal(PrivateBus& bus)
+    explicit FakeInhibitPortal(PrivateBus& bus)
         : FakeService(bus, "org.freedesktop.portal.Desktop", [this](const QDBusMessage& call) {
               if (call.member() != "Inhibit") return call.createReply();
               const QDBusObjectPath handle(QStringLiteral("/request/%1").arg(++granted_));
@@ -70,7 +70,7 @@ private:
 
 TEST(DesktopSleepInhibitor, HoldsThroughThePortal) {
     PrivateBus bus;
-    FakePortal portal(bus);
+    FakeInhibitPortal portal(bus);
     DesktopSleepInhibitor inhibitor(bus.connect(), noBus());
     auto hold = inhibitor.inhibit("Sorting photos");
     ASSERT_NE(hold, nullptr);
@@ -92,7 +92,7 @@ TEST(DesktopSleepInhibitor, HoldsThroughThePortal) {
 
 TEST(DesktopSleepInhibitor, HoldsMayOverlap) {
     PrivateBus bus;
-    FakePortal portal(bus);
+    FakeInhibitPortal portal(bus);
     DesktopSleepInhibitor inhibitor(bus.connect(), noBus());
     auto first = inhibitor.inhibit("one");
     auto second = inhibitor.inhibit("two");
@@ -111,7 +111,7 @@ TEST(DesktopSleepInhibitor, HoldsMayOverlap) {
 
 TEST(DesktopSleepInhibitor, WhatIsGivenBackBeforeItIsGrantedIsStillGivenBack) {
     PrivateBus bus;
-    FakePortal portal(bus);
+    FakeInhibitPortal portal(bus);
     DesktopSleepInhibitor inhibitor(bus.connect(), noBus());
     inhibitor.inhibit("Undoing a run").reset();
     EXPECT_TRUE(spinUntil([&] { return portal.closed() == QStringList{"/request/1"}; }));
@@ -119,7 +119,7 @@ TEST(DesktopSleepInhibitor, WhatIsGivenBackBeforeItIsGrantedIsStillGivenBack) {
 
 TEST(DesktopSleepInhibitor, AnyThreadMayHold) {
     PrivateBus bus;
-    FakePortal portal(bus);
+    FakeInhibitPortal portal(bus);
     DesktopSleepInhibitor inhibitor(bus.connect(), noBus());
     std::unique_ptr<SleepInhibitor::Hold> hold;
     std::thread([&] { hold = inhibitor.inhibit("Sorting photos"); }).join();
@@ -176,7 +176,7 @@ TEST(DesktopSleepInhibitor, ARefusalIsSilent) {
     hold.reset();
 
     // It has gone on to the next, and holds that as it should.
-    FakePortal portal(bus);
+    FakeInhibitPortal portal(bus);
     hold = inhibitor.inhibit("again");
     EXPECT_TRUE(spinUntil([&] { return !portal.calls("Inhibit").empty(); }));
     hold.reset();

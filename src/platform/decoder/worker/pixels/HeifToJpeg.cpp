@@ -11,7 +11,6 @@
 
 #include "platform/Uninterrupted.h"
 #include "platform/decoder/worker/HeifFile.h"
-#include "platform/decoder/worker/pixels/AreaAverage.h"
 #include "platform/decoder/worker/pixels/VipsImage.h"
 
 namespace vellomar {
@@ -121,11 +120,6 @@ bool writeAll(int output, Bytes bytes) {
         bytes = bytes.subspan(static_cast<std::size_t>(written));
     }
     return true;
-}
-
-bool hasDecodableSize(const VipsImage* image) {
-    return isDecodableSize(static_cast<std::uint64_t>(vips_image_get_width(image)),
-                           static_cast<std::uint64_t>(vips_image_get_height(image)));
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ namespace {
 struct FreeImage {
     void operator()(libraw_processed_image_t* image) const { LibRaw::dcraw_clear_mem(image); }
 };
-using Image = std::unique_ptr<libraw_processed_image_t, FreeImage>;
+using ProcessedImage = std::unique_ptr<libraw_processed_image_t, FreeImage>;
 
 // The file as the library reads it. The library takes what lies beyond the end of a file that breaks off for zeros, and
 // would make a black picture of them without a word.
@@ -90,7 +90,7 @@ bool hasAllPixels(LibRaw& raw, const RawBytes& bytes) {
 std::optional<GreyRaster> developedRaster(LibRaw& raw, const RawBytes& bytes) {
     if (!hasAllPixels(raw, bytes) || raw.dcraw_process() != LIBRAW_SUCCESS) return std::nullopt;
     int failure = LIBRAW_SUCCESS;
-    const Image image(raw.dcraw_make_mem_image(&failure));
+    const ProcessedImage image(raw.dcraw_make_mem_image(&failure));
     return image ? rasterOfPixels(*image) : std::nullopt;
 }
 
@@ -112,7 +112,7 @@ std::optional<GreyRaster> previewRaster(std::span<const std::byte> file) {
 std::optional<GreyRaster> previewRaster(LibRaw& raw) {
     if (raw.unpack_thumb() != LIBRAW_SUCCESS) return std::nullopt;
     int failure = LIBRAW_SUCCESS;
-    const Image preview(raw.dcraw_make_mem_thumb(&failure));
+    const ProcessedImage preview(raw.dcraw_make_mem_thumb(&failure));
     if (!preview) return std::nullopt;
     if (preview->type == LIBRAW_IMAGE_BITMAP) return rasterOfPixels(*preview);
     return rasterOfPreview(std::as_bytes(std::span(&preview->data[0], preview->data_size)));

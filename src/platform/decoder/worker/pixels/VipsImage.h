@@ -27,4 +27,7 @@ template <typename Operation>
 // The bytes as something that a loader of the library reads from; they must outlive it and all images from it.
 [[nodiscard]] VipsSourceOwner sourceOver(std::span<const std::byte> bytes);
 
+// Whether the image is small enough to be decoded at all.
+[[nodiscard]] bool hasDecodableSize(const VipsImage* image);
+
 }  // namespace vellomar

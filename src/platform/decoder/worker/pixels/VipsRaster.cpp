@@ -84,11 +84,6 @@ std::optional<GreyRaster> rasterOf(VipsImage* image, PixelLayout layout) {
     return average->raster();
 }
 
-bool hasDecodableSize(const VipsImage* image) {
-    return isDecodableSize(static_cast<std::uint64_t>(vips_image_get_width(image)),
-                           static_cast<std::uint64_t>(vips_image_get_height(image)));
-}
-
 }  // namespace
 
 std::optional<GreyRaster> rasterByVips(std::span<const std::byte> file, PictureFormat format) {
