@@ -22,6 +22,7 @@ namespace vellomar {
 // start, and written elsewhere.
 class SettingsStore : public QObject {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(SettingsStore)
 
 public:
     // Settings are kept in `file`, an absolute path; it and its folder need not be there yet.

@@ -11,7 +11,7 @@ const Theme& Theme::shared() {
     return kTheme;
 }
 
-QString Theme::fontFamily() const {
+QString Theme::fontFamily() {
     auto packaged = QStringLiteral("JetBrains Mono");
     if (QFontDatabase::hasFamily(packaged)) return packaged;
     return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();

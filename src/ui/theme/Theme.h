@@ -62,7 +62,7 @@ public:
     [[nodiscard]] static const Theme& shared();
 
     // A monospaced face: the one that the package brings, or else the system's.
-    [[nodiscard]] QString fontFamily() const;
+    [[nodiscard]] static QString fontFamily();
 
     const QColor windowBackground = hex("0A0A0A");
     const QColor sidePanel = hex("111111");  // footers as well
