@@ -27,7 +27,7 @@ Options withoutRunAndMachine(Options options) {
 
 }  // namespace
 
-void PresetList::load() {
+void PresetList::loadPresets() {
     const auto text = settings_.bytes(keys::kSavedPresets);
     if (!text) return;
     if (auto presets = presetsFrom(*text)) presets_ = *std::move(presets);
@@ -37,12 +37,12 @@ bool PresetList::savePreset(std::string_view name, const Options& options) {
     const auto words = trimmed(name);
     if (words.empty()) return false;
     presets_.push_back({Uuid::random(), std::string(words), withoutRunAndMachine(options)});
-    save();
+    savePresets();
     return true;
 }
 
 void PresetList::deletePreset(const Uuid& id) {
-    if (std::erase_if(presets_, [&](const OptionsPreset& preset) { return preset.id == id; }) > 0) save();
+    if (std::erase_if(presets_, [&](const OptionsPreset& preset) { return preset.id == id; }) > 0) savePresets();
 }
 
 void PresetList::applyPreset(const OptionsPreset& preset) {
@@ -50,7 +50,7 @@ void PresetList::applyPreset(const OptionsPreset& preset) {
         saveOption(settings_, preset.options, key);
 }
 
-void PresetList::save() {
+void PresetList::savePresets() {
     settings_.setBytes(keys::kSavedPresets, presetsText(presets_));
 }
 

@@ -12,11 +12,11 @@ namespace vellomar {
 // only.
 class PresetList {
 public:
-    // `settings` must outlive this. The list is empty until load().
+    // `settings` must outlive this. The list is empty until loadPresets().
     explicit PresetList(SettingsStore& settings) : settings_(settings) {}
 
     // Reads the list; where there is none that can be read, this one stays as it is.
-    void load();
+    void loadPresets();
 
     [[nodiscard]] const std::vector<OptionsPreset>& presets() const { return presets_; }
 
@@ -31,7 +31,7 @@ public:
     void applyPreset(const OptionsPreset& preset);
 
 private:
-    void save();
+    void savePresets();
 
     SettingsStore& settings_;
     std::vector<OptionsPreset> presets_;

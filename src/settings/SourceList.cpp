@@ -17,13 +17,13 @@ std::optional<std::vector<SourceEntry>> keptEntries(const SettingsStore& setting
 
 }  // namespace
 
-void SourceList::load() {
+void SourceList::loadSourceEntries() {
     entries_.clear();
     if (auto kept = keptEntries(settings_)) {
         entries_ = *std::move(kept);
     } else if (const auto path = settings_.text(keys::kLegacySourcePath); !path.empty()) {
         entries_.push_back({Uuid::random(), path, settings_.bytes(keys::kLegacySourceBookmark)});
-        save();
+        saveSourceEntries();
     }
 }
 
@@ -40,21 +40,21 @@ bool SourceList::contains(const std::string& path) const {
 bool SourceList::add(const std::string& path) {
     if (contains(path)) return false;
     entries_.push_back({Uuid::random(), path, {}});
-    save();
+    saveSourceEntries();
     return true;
 }
 
 void SourceList::removeAt(std::size_t index) {
     entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(index));
-    save();
+    saveSourceEntries();
 }
 
 void SourceList::clear() {
     entries_.clear();
-    save();
+    saveSourceEntries();
 }
 
-void SourceList::save() {
+void SourceList::saveSourceEntries() {
     settings_.setBytes(keys::kSourceEntries, sourceEntriesText(entries_));
 }
 

@@ -13,12 +13,12 @@ namespace vellomar {
 // thread only.
 class SourceList {
 public:
-    // `settings` must outlive this. The list is empty until load().
+    // `settings` must outlive this. The list is empty until loadSourceEntries().
     explicit SourceList(SettingsStore& settings) : settings_(settings) {}
 
     // Reads the list. Where there is none that can be read, the one folder of an earlier version's settings becomes the
     // list, and is kept as such; failing that it is empty.
-    void load();
+    void loadSourceEntries();
 
     [[nodiscard]] const std::vector<SourceEntry>& entries() const { return entries_; }
 
@@ -36,7 +36,7 @@ public:
     void clear();
 
 private:
-    void save();
+    void saveSourceEntries();
 
     SettingsStore& settings_;
     std::vector<SourceEntry> entries_;

@@ -22,7 +22,7 @@ std::vector<std::string> namesOf(const PresetList& list) {
 std::vector<std::string> keptNames(SettingsFile& file) {
     const auto store = file.open();
     PresetList list(*store);
-    list.load();
+    list.loadPresets();
     return namesOf(list);
 }
 
@@ -48,7 +48,7 @@ TEST(PresetList, KeepsWhatIsSavedUnderItsTrimmedName) {
     {
         const auto store = file.open();
         PresetList list(*store);
-        list.load();
+        list.loadPresets();
         EXPECT_TRUE(list.savePreset("  Travel\n", {}));
         EXPECT_TRUE(list.savePreset("Travel", everythingChanged()));
         EXPECT_NE(list.presets()[0].id, list.presets()[1].id);
@@ -130,7 +130,7 @@ TEST(PresetList, BytesThatCannotBeReadGiveNoPresetsAndStayUntilTheNextSave) {
     SettingsFile file(Json{{"saved_presets", jsonOfBytes("[{}]")}}.dump());
     const auto store = file.open();
     PresetList list(*store);
-    list.load();
+    list.loadPresets();
     EXPECT_THAT(list.presets(), IsEmpty());
     EXPECT_EQ(store->bytes("saved_presets"), "[{}]");
     list.savePreset("new", {});
@@ -143,7 +143,7 @@ TEST(PresetList, AFailedLoadLeavesTheListAsItIs) {
     PresetList list(*store);
     list.savePreset("a", {});
     store->setBytes("saved_presets", "damaged");
-    list.load();
+    list.loadPresets();
     EXPECT_THAT(namesOf(list), ElementsAre("a"));
 }
 

@@ -16,7 +16,7 @@ constexpr auto kId = "00010203-0405-4607-8809-0A0B0CDDEEFF";
 std::vector<std::string> loadedPaths(SettingsFile& file) {
     const auto store = file.open();
     SourceList list(*store);
-    list.load();
+    list.loadSourceEntries();
     return list.paths();
 }
 
@@ -36,7 +36,7 @@ TEST(SourceList, KeepsWhatIsAddedInItsOrder) {
     {
         const auto store = file.open();
         SourceList list(*store);
-        list.load();
+        list.loadSourceEntries();
         EXPECT_TRUE(list.add("/z"));
         EXPECT_TRUE(list.add("/a/caf\xE9"));
         EXPECT_FALSE(list.add("/z")) << "it is there already";
@@ -52,7 +52,7 @@ TEST(SourceList, KeepsItsIdentitiesAndBookmarks) {
     {
         const auto store = file.open();
         SourceList list(*store);
-        list.load();
+        list.loadSourceEntries();
         ASSERT_EQ(list.entries().size(), 1U);
         EXPECT_EQ(list.entries()[0].id.text(), kId);
         EXPECT_EQ(list.entries()[0].bookmarkData, "light");
@@ -79,7 +79,7 @@ TEST(SourceList, TakesOutOneOrAll) {
     {
         const auto store = file.open();
         SourceList list(*store);
-        list.load();
+        list.loadSourceEntries();
         list.clear();
     }
     EXPECT_THAT(loadedPaths(file), IsEmpty());
@@ -90,7 +90,7 @@ TEST(SourceList, AnEarlierVersionsFolderIsTakenOverOnce) {
     {
         const auto store = file.open();
         SourceList list(*store);
-        list.load();
+        list.loadSourceEntries();
         ASSERT_THAT(list.paths(), ElementsAre("/old"));
         EXPECT_EQ(list.entries()[0].bookmarkData, "light");
     }
@@ -99,7 +99,7 @@ TEST(SourceList, AnEarlierVersionsFolderIsTakenOverOnce) {
     {
         const auto store = file.open();
         SourceList list(*store);
-        list.load();
+        list.loadSourceEntries();
         EXPECT_THAT(list.paths(), ElementsAre("/old"));
         list.clear();
     }

@@ -27,7 +27,7 @@ ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* pa
 }
 
 void ContentViewModel::appear() {
-    presets_.load();
+    presets_.loadPresets();
     folders_.load();
     auto options = buildOptions(surroundings_.settings);
     options.includeVideos = false;

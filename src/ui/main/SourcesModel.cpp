@@ -33,7 +33,7 @@ QHash<int, QByteArray> SourcesModel::roleNames() const {
 
 void SourcesModel::load() {
     beginResetModel();
-    sources_.load();
+    sources_.loadSourceEntries();
     endResetModel();
     emit countChanged();
 }
