@@ -15,6 +15,13 @@ Item {
             list.followEnd();
         }
     }
+    NumberAnimation {
+        id: slide
+        target: list
+        property: "contentY"
+        duration: 250
+        easing.type: Easing.InOutQuad
+    }
 
     ListView {
         id: list
@@ -52,25 +59,43 @@ Item {
             event.accepted = true;
         }
 
-        function followEnd() {
-            if (!followsEnd || count === 0)
-                return;
+        function goToEnd() {
             // Where the end is depends on the new lines' heights.
             forceLayout();
             positionViewAtEnd();
             forceLayout();
         }
 
+        // Slides to the end, by a page at most: no line is laid out that is only passed by.
+        function followEnd() {
+            slide.stop();
+            if (!followsEnd || count === 0)
+                return;
+            const before = contentY;
+            goToEnd();
+            const end = contentY;
+            contentY = Math.min(end, Math.max(before, end - height));
+            slide.to = end;
+            slide.start();
+        }
+
         function scrollTo(y: real) {
+            slide.stop();
             contentY = Math.max(originY, Math.min(y, originY + contentHeight - height));
             followsEnd = atYEnd;
         }
 
-        onHeightChanged: followEnd()
+        onHeightChanged: {
+            slide.stop();
+            if (followsEnd && count > 0)
+                goToEnd();
+        }
         // By the user: what comes and goes by itself moves the content as well.
         onContentYChanged: {
-            if (moving || track.isDragged)
-                followsEnd = atYEnd;
+            if (!moving && !track.isDragged)
+                return;
+            slide.stop();
+            followsEnd = atYEnd;
         }
 
         delegate: Item {
