@@ -12,6 +12,7 @@
 #include "ui/desktop/DesktopSleepInhibitor.h"
 #include "ui/desktop/LauncherProgress.h"
 #include "ui/desktop/SingleInstance.h"
+#include "ui/desktop/TerminationSignals.h"
 
 namespace vellomar {
 namespace {
@@ -37,7 +38,7 @@ void showProgress(LauncherProgress& launcher, double fraction) {
         launcher.show(fraction);
 }
 
-int run(const QString& activationToken) {
+int run(const QString& activationToken, TerminationSignals& termination) {
     const auto session = QDBusConnection::sessionBus();
     SingleInstance instance(session);
     if (instance.claim(activationToken) == SingleInstance::Start::second) return 0;
@@ -56,6 +57,9 @@ int run(const QString& activationToken) {
     QObject::connect(&application, &VellomarApp::progressed, &launcher,
                      [&launcher](double fraction) { showProgress(launcher, fraction); });
     QObject::connect(&instance, &SingleInstance::activated, &application, &VellomarApp::raise);
+    // There is nobody to ask; what is under way comes to a good end all the same.
+    QObject::connect(&termination, &TerminationSignals::asked, application.content().quit(), &QuitFlow::quit);
+    termination.listen();
     return application.show() ? QCoreApplication::exec() : 1;
 }
 
@@ -63,9 +67,10 @@ int run(const QString& activationToken) {
 }  // namespace vellomar
 
 int main(int argc, char** argv) {
+    vellomar::TerminationSignals termination;
     const auto activationToken = vellomar::SingleInstance::activationTokenOfThisStart();
     const QGuiApplication application(argc, argv);
     vellomar::nameApplication();
     vellomar::chooseStyle();
-    return vellomar::run(activationToken);
+    return vellomar::run(activationToken, termination);
 }

@@ -22,6 +22,9 @@ public:
     PrivateBus(const PrivateBus&) = delete;
     PrivateBus& operator=(const PrivateBus&) = delete;
 
+    // Where it is found, as the environment of a program tells it.
+    [[nodiscard]] const QString& address() const { return address_; }
+
     // A new connection, as another program would have one. It ends with the bus. Any thread.
     [[nodiscard]] QDBusConnection connect();
 
