@@ -21,6 +21,8 @@ Item {
         property: "contentY"
         duration: 250
         easing.type: Easing.InOutQuad
+        // On the way lines came into view whose heights were guessed before.
+        onFinished: list.goToEnd()
     }
 
     ListView {

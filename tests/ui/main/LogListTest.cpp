@@ -17,10 +17,13 @@ protected:
         list = &window.itemNamed("logList");
     }
 
-    void publish(int count) {
+    // Lines of which every `longEvery`-th needs several lines of the window; with 0 none does.
+    void publish(int count, int longEvery = 0) {
         std::vector<std::string> lines;
-        for (int i = 0; i < count; ++i)
+        for (int i = 0; i < count; ++i) {
             lines.push_back("line " + std::to_string(++appended));
+            if (longEvery > 0 && i % longEvery == 0) lines.back() += std::string(600, '-');
+        }
         published.appendLogLines(std::move(lines));
     }
 
@@ -68,6 +71,22 @@ TEST_F(LogListTest, SlidesToItsEndByAPageAtMost) {
     EXPECT_FALSE(isAtEnd());
     ASSERT_TRUE(comesToItsEnd());
     EXPECT_NEAR(place() - start, list->height(), 1);
+}
+
+TEST_F(LogListTest, FollowsItsEndPastLinesOfManyHeights) {
+    for (const int longEvery : {7, 1, 0, 3, 40}) {
+        SCOPED_TRACE(longEvery);
+        publish(60, longEvery);
+        EXPECT_TRUE(comesToItsEnd());
+        window.settle();
+        EXPECT_TRUE(isAtEnd());
+        const auto lines = window.itemsNamed("logText");
+        const auto last = "line " + QString::number(appended);
+        EXPECT_TRUE(std::ranges::any_of(lines, [&](QQuickItem* line) {
+            return line->property("text").toString().startsWith(last) &&
+                   QRectF(0, 0, 600, 200).contains(testing::placeOf(*line));
+        }));
+    }
 }
 
 TEST_F(LogListTest, StaysWhereTheUserScrolledTo) {
