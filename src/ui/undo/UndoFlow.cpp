@@ -47,6 +47,8 @@ void UndoFlow::show(std::vector<UndoManifest> manifests) {
 void UndoFlow::dismiss() {
     isOpen_ = false;
     emit changed();
+    // Manifests of many large runs are large.
+    sheet_.clear();
 }
 
 void UndoFlow::pickFiles() {
@@ -59,13 +61,12 @@ void UndoFlow::undoSelected() {
     const auto manifest = sheet_.selected();
     if (manifest == nullptr || isBusy()) return;
     isUndoing_ = true;
-    isOpen_ = false;
     surroundings_.engine.undo(*manifest, [self = QPointer(this)] {
         if (!self) return;
         self->isUndoing_ = false;
         emit self->changed();
     });
-    emit changed();
+    dismiss();
 }
 
 }  // namespace vellomar

@@ -73,6 +73,7 @@ TEST_F(UndoFlowTest, ListsTheRunsOfTheDestination) {
     EXPECT_FALSE(flow.sheet()->hasSelection());
     flow.dismiss();
     EXPECT_FALSE(flow.isOpen());
+    EXPECT_EQ(flow.sheet()->count(), 0) << "closed, it lets go of them";
 }
 
 TEST_F(UndoFlowTest, TakesBackTheSelectedRun) {
