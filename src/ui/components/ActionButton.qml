@@ -28,12 +28,15 @@ T.AbstractButton {
     Accessible.name: text
     // A screen reader is not told otherwise that a button cannot be pressed.
     Accessible.description: enabled ? "" : qsTr("Unavailable")
-    Accessible.onPressAction: {
+    Accessible.onPressAction: press()
+    Accessible.onToggleAction: press()
+    Keys.onReturnPressed: event => activate(event)
+    Keys.onEnterPressed: event => activate(event)
+
+    function press() {
         if (enabled)
             clicked();
     }
-    Keys.onReturnPressed: event => activate(event)
-    Keys.onEnterPressed: event => activate(event)
 
     function activate(event: KeyEvent) {
         if (!event.isAutoRepeat)

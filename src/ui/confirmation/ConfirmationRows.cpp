@@ -7,6 +7,8 @@
 #include "engine/TextFormats.h"
 #include "platform/Path.h"
 #include "ui/components/TextFormatters.h"
+#include "ui/options/NamingStyles.h"
+#include "ui/options/OptionLabels.h"
 #include "ui/theme/Theme.h"
 
 namespace vellomar {
@@ -25,32 +27,12 @@ QString filesText(const RunEstimate& estimate) {
     return words("%1 files · %2").arg(estimate.fileCount).arg(byteCountText(estimate.totalBytes));
 }
 
-QString namingStyleText(NamingStyle style) {
-    switch (style) {
-        case NamingStyle::original: return words("Original");
-        case NamingStyle::recommended: return words("Recommended");
-        case NamingStyle::cleanDate: return words("Clean date");
-        case NamingStyle::archival: return words("Archival");
-        case NamingStyle::custom: return words("Custom");
-    }
-    return {};
-}
-
 QString fileTypesText(const Options& options) {
     QStringList kinds;
     if (options.includeImages) kinds << words("IMG");
     if (options.includeVideos) kinds << words("VID");
     if (options.includeOther) kinds << words("OTHER");
     return kinds.join(" + ");
-}
-
-QString conflictText(ConflictPolicy policy) {
-    switch (policy) {
-        case ConflictPolicy::rename: return words("Rename");
-        case ConflictPolicy::skip: return words("Skip");
-        case ConflictPolicy::overwrite: return words("Overwrite");
-    }
-    return {};
 }
 
 // The rows one below the other.
@@ -143,9 +125,9 @@ std::vector<SettingRow> settingRows(const RunSettings& settings, MissingEstimate
     rows.add("folder", "Source", sourceText(settings.sources));
     rows.add("folder.fill", "Destination", folderName(settings.dest));
     addEstimate(rows, settings.estimate, missingEstimate);
-    rows.add("textformat", "Naming style", namingStyleText(options.namingStyle));
+    rows.add("textformat", "Naming style", namingStyleLabel(options.namingStyle));
     rows.add("photo", "File types", fileTypesText(options));
-    rows.add("arrow.triangle.branch", "On conflict", conflictText(options.conflictPolicy));
+    rows.add("arrow.triangle.branch", "On conflict", conflictLabel(options.conflictPolicy));
     addMode(rows, options);
     addSafeguards(rows, settings);
     return rows.take();

@@ -36,6 +36,10 @@ ColumnLayout {
                 text: column.content.bannerText
                 Layout.fillWidth: true
             }
+            NamingPanel {
+                naming: column.content.naming
+                Layout.fillWidth: true
+            }
             ActionRow {
                 run: column.content.run
                 Layout.fillWidth: true

@@ -28,6 +28,23 @@ Item {
         onUndoRequested: sheets.content.undo.undoSelected()
         onDismissed: sheets.content.undo.dismiss()
     }
+    AlertSheet {
+        title: qsTr("SHA-256 Hashing on Large Library?")
+        message: qsTr("Hashing 50,000+ files can add 1–3 hours. Consider leaving this off for large libraries.")
+        answer: qsTr("Enable Anyway")
+        visible: sheets.content.options.isHashAsked
+        onConfirmed: sheets.content.options.enableHash()
+        onCancelled: sheets.content.options.dismissHash()
+    }
+    AlertSheet {
+        title: qsTr("Overwrite Existing Files?")
+        message: qsTr("OVERWRITE replaces existing files permanently. This cannot be undone. Consider using Rename to keep "
+            + "both copies.")
+        answer: qsTr("Use Overwrite")
+        visible: sheets.content.options.isOverwriteAsked
+        onConfirmed: sheets.content.options.useOverwrite()
+        onCancelled: sheets.content.options.dismissOverwrite()
+    }
     QuitSheet {
         quit: sheets.content.quit
     }

@@ -3,6 +3,8 @@
 #include "settings/OptionSettings.h"
 #include "settings/SettingsKeys.h"
 #include "ui/components/TextFormatters.h"
+#include "ui/options/ConfigSummary.h"
+#include "ui/options/HashGuard.h"
 
 namespace vellomar {
 
@@ -19,6 +21,9 @@ ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* pa
       exports_({surroundings.engine.state(), log_, surroundings.clock, surroundings.fileSystem, surroundings.chooser,
                 surroundings.background}),
       quit_(surroundings.engine, surroundings.events),
+      naming_(surroundings.settings),
+      options_(surroundings.settings,
+               [this] { return mayHashForHours(run_.estimate(), !folders_.sourceList().entries().empty()); }),
       dryRun_(ConfirmationModel::Run::dry),
       realRun_(ConfirmationModel::Run::real) {
     connectFolders();
@@ -28,6 +33,7 @@ ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* pa
 
 void ContentViewModel::appear() {
     presets_.loadPresets();
+    emit configChanged();
     folders_.load();
     auto options = buildOptions(surroundings_.settings);
     options.includeVideos = false;
@@ -57,6 +63,18 @@ QString ContentViewModel::bannerText() const {
 
 QString ContentViewModel::lowSpace() const {
     return lowSpaceText(folders_.dest(), run_.estimate(), folders_.freeBytes());
+}
+
+QVariantList ContentViewModel::config() const {
+    QVariantList sections;
+    for (const auto& section :
+         configSections(buildOptions(surroundings_.settings), presets_.presets().size(), run_.activeRules())) {
+        QVariantList rows;
+        for (const auto& row : section.rows)
+            rows << QVariantMap{{"key", row.key}, {"value", row.value}, {"colour", row.colour}};
+        sections << QVariantMap{{"heading", section.heading}, {"rows", rows}};
+    }
+    return sections;
 }
 
 bool ContentViewModel::floppyMode() const {
@@ -91,6 +109,7 @@ void ContentViewModel::connectSettings() {
     connect(&settings, &SettingsStore::changed, this, [this](const QString& key) {
         if (key.toStdString() == keys::kSecretFloppyMode) emit floppyModeChanged();
     });
+    connect(&settings, &SettingsStore::changed, this, &ContentViewModel::configChanged);
     connect(&settings, &SettingsStore::cannotSaveChanged, this, &ContentViewModel::tellOfSaving);
     tellOfDamage();
     tellOfSaving();

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QObject>
 #include <QString>
+#include <QVariantList>
 #include <optional>
 
 #include <QtQml/qqmlregistration.h>
@@ -25,6 +26,8 @@
 #include "ui/main/QuitFlow.h"
 #include "ui/main/RunFlow.h"
 #include "ui/main/RunStatus.h"
+#include "ui/options/NamingChoice.h"
+#include "ui/options/OptionsPanelModel.h"
 #include "ui/undo/UndoFlow.h"
 
 namespace vellomar {
@@ -45,6 +48,9 @@ class ContentViewModel final : public QObject {
     Q_PROPERTY(vellomar::Notices* notices READ notices CONSTANT)
     Q_PROPERTY(vellomar::ConfirmationModel* dryRun READ dryRun CONSTANT)
     Q_PROPERTY(vellomar::ConfirmationModel* realRun READ realRun CONSTANT)
+    Q_PROPERTY(vellomar::NamingChoice* naming READ naming CONSTANT)
+    Q_PROPERTY(vellomar::OptionsPanelModel* options READ options CONSTANT)
+    Q_PROPERTY(QVariantList config READ config NOTIFY configChanged)
     Q_PROPERTY(bool hasBanner READ hasBanner NOTIFY bannerChanged)
     Q_PROPERTY(QString bannerSymbol READ bannerSymbol NOTIFY bannerChanged)
     Q_PROPERTY(QColor bannerColour READ bannerColour NOTIFY bannerChanged)
@@ -80,6 +86,13 @@ public:
     [[nodiscard]] QuitFlow* quit() { return &quit_; }
     [[nodiscard]] Notices* notices() { return &notices_; }
 
+    [[nodiscard]] NamingChoice* naming() { return &naming_; }
+    [[nodiscard]] OptionsPanelModel* options() { return &options_; }
+
+    // The settings at a glance: sections, each a map of "heading" and "rows", of which each is one of "key", "value"
+    // and "colour".
+    [[nodiscard]] QVariantList config() const;
+
     // What the confirmations of the two kinds of run show.
     [[nodiscard]] ConfirmationModel* dryRun() { return &dryRun_; }
     [[nodiscard]] ConfirmationModel* realRun() { return &realRun_; }
@@ -98,6 +111,7 @@ public:
     Q_INVOKABLE void toggleFloppyMode();
 
 signals:
+    void configChanged();
     void bannerChanged();
     void exifToolChanged();
     void floppyModeChanged();
@@ -123,6 +137,8 @@ private:
     Exports exports_;
     QuitFlow quit_;
     Notices notices_;
+    NamingChoice naming_;
+    OptionsPanelModel options_;
     ConfirmationModel dryRun_;
     ConfirmationModel realRun_;
     bool lacksExifTool_ = false;

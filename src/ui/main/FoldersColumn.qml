@@ -99,6 +99,11 @@ Rectangle {
                 colour: Theme.yellow
                 Layout.fillWidth: true
             }
+            ConfigSummaryView {
+                sections: column.content.config
+                Layout.topMargin: 8
+                Layout.fillWidth: true
+            }
             ExifToolNotice {
                 visible: column.content.lacksExifTool
                 Layout.topMargin: 8

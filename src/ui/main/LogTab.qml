@@ -13,7 +13,6 @@ ActionButton {
     labelSize: 9
     colour: isShown ? Theme.yellow : Theme.tertiaryText
     fill: isShown ? Theme.yellowTint : "transparent"
-    Accessible.role: Accessible.RadioButton
     Accessible.checkable: true
     Accessible.checked: isShown
     onClicked: log.filter = part

@@ -23,9 +23,18 @@ Rectangle {
             Layout.fillWidth: true
             Layout.fillHeight: true
 
-            ToolRow {
-                content: column.content
+            ColumnLayout {
                 width: parent.width
+                spacing: 16
+
+                ToolRow {
+                    content: column.content
+                    Layout.fillWidth: true
+                }
+                OptionsPanel {
+                    options: column.content.options
+                    Layout.fillWidth: true
+                }
             }
         }
         LastRunPanel {

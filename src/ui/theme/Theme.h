@@ -34,6 +34,7 @@ class Theme : public QObject {
     Q_PROPERTY(QColor tertiaryText MEMBER tertiaryText CONSTANT)
     Q_PROPERTY(QColor dimmerTertiaryText MEMBER dimmerTertiaryText CONSTANT)
     Q_PROPERTY(QColor faintText MEMBER faintText CONSTANT)
+    Q_PROPERTY(QColor offText MEMBER offText CONSTANT)
     Q_PROPERTY(QColor success MEMBER success CONSTANT)
     Q_PROPERTY(QColor logAmber MEMBER logAmber CONSTANT)
     Q_PROPERTY(QColor logRed MEMBER logRed CONSTANT)
@@ -82,6 +83,7 @@ public:
     const QColor tertiaryText = hex("707068");
     const QColor dimmerTertiaryText = hex("555550");
     const QColor faintText = hex("444440");
+    const QColor offText = hex("666660");
     const QColor success = hex("3D8B5E");
     const QColor logAmber = hex("B8870A");
     const QColor logRed = hex("C0392B");

@@ -47,6 +47,7 @@ TEST(Theme, HasTheseColoursByTheseNames) {
         {"tertiaryText", "707068"},
         {"dimmerTertiaryText", "555550"},
         {"faintText", "444440"},
+        {"offText", "666660"},
         {"success", "3D8B5E"},
         {"logAmber", "B8870A"},
         {"logRed", "C0392B"},

@@ -1,0 +1,29 @@
+import QtQuick
+import Vellomar
+
+// A token to be clicked, or dragged onto the field.
+ActionButton {
+    id: chip
+
+    required property string token
+
+    text: token
+    capitals: false
+    tracking: 0
+    radius: 3
+    implicitHeight: 24
+    leftPadding: 8
+    rightPadding: 8
+    colour: Theme.yellow
+    fill: Theme.yellowTint
+    hoverFill: Theme.edge
+    Drag.active: drag.active
+    Drag.dragType: Drag.Automatic
+    Drag.supportedActions: Qt.CopyAction
+    Drag.mimeData: ({"text/plain": chip.token})
+
+    DragHandler {
+        id: drag
+        target: null
+    }
+}

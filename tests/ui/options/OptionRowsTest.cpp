@@ -1,0 +1,129 @@
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <array>
+
+#include <gmock/gmock.h>
+
+#include "settings/SettingsFile.h"
+#include "ui/QtPrinters.h"
+#include "ui/options/OptionRowsModel.h"
+#include "ui/options/OptionSwitch.h"
+
+namespace vellomar {
+namespace {
+
+struct Expected {
+    const char* section;
+    const char* label;
+    const char* subLabel;
+    const char* tooltip;
+    const char* key;
+    bool byDefault;
+};
+
+constexpr std::array kBasic = {
+    Expected{"Files", "Fuzzy month names", "Match 'Jan', 'January' etc.",
+             "Vellomar can recognise folder names like 'Jan', 'January', 'Enero' as month indicators when reading "
+             "folder-based dates.",
+             "opt_parseMonthWords", true},
+    Expected{"Files", "ExifTool for images", "More accurate EXIF dates",
+             "Uses ExifTool (brew install exiftool) for reading EXIF data. Unlocks HEIC conversion, GPS stripping, and "
+             "date correction.",
+             "opt_useExifImages", true},
+    Expected{"Files", "Check for duplicates", "Detect before sort",
+             "Scans for SHA-256 exact duplicates and perceptual near-duplicates before running. Duplicates can be "
+             "logged, skipped, or moved to a _Duplicates folder.",
+             "opt_computeHash", true},
+    Expected{"Conversion", "Convert HEIC → JPEG", "Requires ExifTool",
+             "Automatically converts HEIC/HEIF files to 92% quality JPEG after sorting. Requires ExifTool to be "
+             "installed.",
+             "opt_convertHEIC", false},
+    Expected{"Conversion", "Copy .xmp sidecars", "RAW sidecar files",
+             "XMP sidecar files follow their parent RAW file to the same destination folder automatically.",
+             "opt_moveSidecars", true},
+    Expected{"Privacy", "Strip GPS from copies", "Remove location data",
+             "Removes GPS latitude, longitude, altitude, and timestamp from copied files. Originals are not modified.",
+             "opt_stripGPS", false},
+    Expected{"Privacy", "Strip all metadata", "Remove all EXIF/IPTC/XMP",
+             "Wipes all EXIF, IPTC, and XMP metadata from copies. Use this before sharing photos publicly.",
+             "opt_stripAllMeta", false},
+};
+
+constexpr std::array kAdvanced = {
+    Expected{"Near-duplicates", "Near-duplicate (pHash)", "Visual similarity detection",
+             "Perceptual hash comparison finds photos that look nearly identical even if the file bytes differ "
+             "(different compression, slight crop).",
+             "opt_pHash", false},
+    Expected{"Sync", "Sync FI dates to EXIF", "Filesystem → EXIF",
+             "When no EXIF date exists, writes the filesystem modification date into the EXIF DateTimeOriginal field. "
+             "Requires ExifTool.",
+             "opt_syncFSDates", false},
+    Expected{"Sync", "Resume interrupted run", "Skip already-copied files",
+             "If a previous run was interrupted, Vellomar skips files that were already successfully copied to the "
+             "destination.",
+             "opt_resume", false},
+    Expected{"Storage", "NAS storage mode", "Optimised for network volumes",
+             "Uses optimised batch reading for SMB/NFS network attached storage. Reduces timeout errors on slow "
+             "network volumes.",
+             "opt_storageIsNAS", false},
+    Expected{"Files", "Move originals when reliable", "",
+             "When a strong date source is found (EXIF, filename), the original is moved instead of copied.",
+             "opt_moveOriginals", false},
+    Expected{"Files", "Keep RAW + JPEG pairs", "",
+             "Detects RAW+JPEG pairs and puts both in the same destination folder.", "opt_keepRawJpeg", true},
+    Expected{"Files", "Verify copy integrity", "",
+             "After each copy, compares SHA-256 hashes to confirm a bit-perfect copy.", "opt_verifyAfterCopy", true},
+};
+
+class OptionRowsTest : public ::testing::Test {
+protected:
+    void expectRows(OptionRowsModel& model, std::span<const Expected> rows) {
+        ASSERT_EQ(model.rowCount(), static_cast<int>(rows.size()));
+        QString section;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            const auto& expected = rows[static_cast<std::size_t>(row)];
+            SCOPED_TRACE(expected.label);
+            const auto at = [&](int role) { return model.index(row).data(role); };
+            EXPECT_EQ(at(OptionRowsModel::sectionRole).toString(), expected.section);
+            EXPECT_EQ(at(OptionRowsModel::isFirstRole).toBool(), section != expected.section);
+            EXPECT_EQ(at(OptionRowsModel::labelRole).toString(), expected.label);
+            EXPECT_EQ(at(OptionRowsModel::subLabelRole).toString(), expected.subLabel);
+            EXPECT_EQ(at(OptionRowsModel::tooltipRole).toString(), expected.tooltip);
+            EXPECT_EQ(at(OptionRowsModel::keyRole).toString(), expected.key);
+            EXPECT_EQ(at(OptionRowsModel::isOnRole).toBool(), expected.byDefault);
+            section = expected.section;
+        }
+    }
+
+    testing::SettingsFile file;
+    std::unique_ptr<SettingsStore> settings = file.open();
+    OptionRowsModel basic{basicOptionRows(), *settings};
+    OptionRowsModel advanced{advancedOptionRows(), *settings};
+    OptionRowsModel files{fileOptionRows(), *settings};
+};
+
+TEST_F(OptionRowsTest, HaveTheirWordsAndDefaultsInOrder) {
+    const QAbstractItemModelTester basicTester(&basic);
+    const QAbstractItemModelTester advancedTester(&advanced);
+    expectRows(basic, kBasic);
+    expectRows(advanced, std::span(kAdvanced).first(4));
+    expectRows(files, std::span(kAdvanced).last(3));
+}
+
+TEST_F(OptionRowsTest, FollowTheSettings) {
+    for (auto* const model : {&basic, &advanced, &files}) {
+        for (int row = 0; row < model->rowCount(); ++row) {
+            const auto key = model->index(row).data(OptionRowsModel::keyRole).toString().toStdString();
+            SCOPED_TRACE(key);
+            const bool before = model->index(row).data(OptionRowsModel::isOnRole).toBool();
+            const QSignalSpy changes(model, &QAbstractItemModel::dataChanged);
+            switchOption(*settings, key, !before);
+            EXPECT_EQ(model->index(row).data(OptionRowsModel::isOnRole).toBool(), !before);
+            ASSERT_EQ(changes.count(), 1);
+            EXPECT_EQ(changes[0][0].toModelIndex().row(), row);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace vellomar
