@@ -25,9 +25,9 @@ sigset_t terminationSignals() {
 }  // namespace
 
 TerminationSignals::TerminationSignals()
-    : held_(terminationSignals()), arrivals_(::signalfd(-1, &held_, SFD_CLOEXEC | SFD_NONBLOCK)) {
-    isHolding_ = arrivals_.isOpen() && ::pthread_sigmask(SIG_BLOCK, &held_, nullptr) == 0;
-}
+    : held_(terminationSignals()),
+      arrivals_(::signalfd(-1, &held_, SFD_CLOEXEC | SFD_NONBLOCK)),
+      isHolding_(arrivals_.isOpen() && ::pthread_sigmask(SIG_BLOCK, &held_, nullptr) == 0) {}
 
 TerminationSignals::~TerminationSignals() {
     release();

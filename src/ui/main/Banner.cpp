@@ -11,7 +11,7 @@
 namespace vellomar {
 namespace {
 
-QString words(const char* text) {
+QString bannerWords(const char* text) {
     return QCoreApplication::translate("Banner", text);
 }
 
@@ -30,7 +30,7 @@ bool isSameFolder(const std::vector<std::string>& sources, const std::string& de
 QString lowSpaceText(const std::string& dest, const std::optional<RunEstimate>& estimate,
                      std::optional<std::int64_t> free) {
     if (dest.empty() || !estimate || !free || *free >= estimate->totalBytes) return {};
-    return words("Only %1 free — need %2").arg(sizeText(*free), sizeText(estimate->totalBytes));
+    return bannerWords("Only %1 free — need %2").arg(sizeText(*free), sizeText(estimate->totalBytes));
 }
 
 std::optional<Banner> bannerFor(const PublishedState& state, bool isSameFolder, const QString& lowSpaceText) {
@@ -38,23 +38,23 @@ std::optional<Banner> bannerFor(const PublishedState& state, bool isSameFolder, 
     const auto& report = state.integrityReport;
     if (isSameFolder)
         return Banner{"exclamationmark.triangle.fill", theme.alertRed,
-                      words("Source and destination are the same folder.")};
+                      bannerWords("Source and destination are the same folder.")};
     if (!report.unreadableFiles.empty())
-        return Banner{
-            "exclamationmark.shield.fill", theme.alertRed,
-            words("%1 unreadable file(s) detected. Check the log for details.").arg(report.unreadableFiles.size())};
+        return Banner{"exclamationmark.shield.fill", theme.alertRed,
+                      bannerWords("%1 unreadable file(s) detected. Check the log for details.")
+                          .arg(report.unreadableFiles.size())};
     if (!report.suspectedCorrupt.empty())
         return Banner{
             "exclamationmark.triangle.fill", theme.alertOrange,
-            words("%1 suspected corrupt file(s) (zero bytes). Check log.").arg(report.suspectedCorrupt.size())};
+            bannerWords("%1 suspected corrupt file(s) (zero bytes). Check log.").arg(report.suspectedCorrupt.size())};
     if (state.verifyFailures > 0)
         return Banner{
             "xmark.shield.fill", theme.alertRed,
-            words("%1 copy verification failure(s) — source files were kept safe.").arg(state.verifyFailures)};
+            bannerWords("%1 copy verification failure(s) — source files were kept safe.").arg(state.verifyFailures)};
     if (!lowSpaceText.isEmpty()) return Banner{"externaldrive.badge.exclamationmark", theme.yellow, lowSpaceText};
     if (report.totalScanned > 0)
         return Banner{"checkmark.shield.fill", theme.success,
-                      words("%1 files passed integrity check.").arg(report.totalScanned)};
+                      bannerWords("%1 files passed integrity check.").arg(report.totalScanned)};
     return std::nullopt;
 }
 

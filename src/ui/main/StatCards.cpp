@@ -11,7 +11,7 @@ namespace {
 
 const QString kNothing = QStringLiteral("—");
 
-QString words(const char* text) {
+QString cardWords(const char* text) {
     return QCoreApplication::translate("StatCards", text);
 }
 
@@ -34,8 +34,8 @@ QString timeLeft(std::string_view statusText) {
 }
 
 StatCard timeCard(const PublishedState& state, const std::optional<RunEstimate>& estimate) {
-    if (state.isRunning) return {words("ETA"), timeLeft(state.statusText)};
-    return {words("Est. time"),
+    if (state.isRunning) return {cardWords("ETA"), timeLeft(state.statusText)};
+    return {cardWords("Est. time"),
             estimate ? QString::fromStdString(formatDuration(estimate->estimatedSeconds)) : kNothing};
 }
 
@@ -43,18 +43,18 @@ StatCard timeCard(const PublishedState& state, const std::optional<RunEstimate>&
 
 std::vector<StatCard> statCards(const PublishedState& state, const std::optional<RunEstimate>& estimate,
                                 std::size_t skipped) {
-    return {{words("Total files"), totalFiles(state, estimate)},
-            {words("Total size"), estimate ? sizeText(estimate->totalBytes) : kNothing},
-            {words("Skipped"), countText(skipped)},
-            {words("Duplicates"), countText(state.duplicateDestPaths.size())},
+    return {{cardWords("Total files"), totalFiles(state, estimate)},
+            {cardWords("Total size"), estimate ? sizeText(estimate->totalBytes) : kNothing},
+            {cardWords("Skipped"), countText(skipped)},
+            {cardWords("Duplicates"), countText(state.duplicateDestPaths.size())},
             timeCard(state, estimate)};
 }
 
 std::vector<StatCard> lastRunCards(const PublishedState& state, std::size_t skipped) {
-    return {{words("Files Sorted"), countText(state.totalFilesScanned)},
-            {words("Errors"), countText(state.verifyFailures)},
-            {words("Duplicates"), countText(state.duplicateDestPaths.size())},
-            {words("Skipped"), countText(skipped)}};
+    return {{cardWords("Files Sorted"), countText(state.totalFilesScanned)},
+            {cardWords("Errors"), countText(state.verifyFailures)},
+            {cardWords("Duplicates"), countText(state.duplicateDestPaths.size())},
+            {cardWords("Skipped"), countText(skipped)}};
 }
 
 bool isSkipped(const PlanRow& row) {

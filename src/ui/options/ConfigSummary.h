@@ -20,6 +20,7 @@ struct ConfigRow {
 struct ConfigSection {
     QString heading;
     std::vector<ConfigRow> rows;
+    bool operator==(const ConfigSection&) const = default;
 };
 
 // The settings at a glance, beside the folders. `presets` and `activeRules` are how many there are. Interface thread.

@@ -21,7 +21,7 @@ NamingChoice::NamingChoice(SettingsStore& settings, QObject* parent) : QObject(p
     });
 }
 
-QStringList NamingChoice::labels() const {
+QStringList NamingChoice::labels() {
     QStringList labels;
     for (const auto& text : namingStyleTexts())
         labels << text.label;
@@ -46,7 +46,7 @@ bool NamingChoice::isCustom() const {
     return buildOptions(settings_).namingStyle == NamingStyle::custom;
 }
 
-QStringList NamingChoice::tokens() const {
+QStringList NamingChoice::tokens() {
     return {QStringLiteral("{YYYY}"),  QStringLiteral("{MM}"), QStringLiteral("{DD}"), QStringLiteral("{Month}"),
             QStringLiteral("{HH}"),    QStringLiteral("{mm}"), QStringLiteral("{ss}"), QStringLiteral("{original}"),
             QStringLiteral("{Event}"), QStringLiteral("{ext}")};

@@ -29,7 +29,7 @@ public:
     explicit NamingChoice(SettingsStore& settings, QObject* parent = nullptr);
 
     // The styles in the order in which they are offered, and which of them is in force, from 0.
-    [[nodiscard]] QStringList labels() const;
+    [[nodiscard]] static QStringList labels();
     [[nodiscard]] int chosen() const;
 
     // What the style in force makes of a file's name, and how it is explained.
@@ -38,7 +38,7 @@ public:
     [[nodiscard]] bool isCustom() const;
 
     // What a format may hold, in the order in which it is offered.
-    [[nodiscard]] QStringList tokens() const;
+    [[nodiscard]] static QStringList tokens();
 
     // The format, as it was typed; and what it makes of a made-up file.
     [[nodiscard]] QString format() const;

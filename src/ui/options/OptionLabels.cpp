@@ -5,7 +5,7 @@
 namespace vellomar {
 namespace {
 
-QString words(const char* text) {
+QString labelWords(const char* text) {
     return QCoreApplication::translate("OptionLabels", text);
 }
 
@@ -13,18 +13,18 @@ QString words(const char* text) {
 
 QString conflictLabel(ConflictPolicy policy) {
     switch (policy) {
-        case ConflictPolicy::skip: return words("Skip");
-        case ConflictPolicy::rename: return words("Rename");
-        case ConflictPolicy::overwrite: return words("Overwrite");
+        case ConflictPolicy::skip: return labelWords("Skip");
+        case ConflictPolicy::rename: return labelWords("Rename");
+        case ConflictPolicy::overwrite: return labelWords("Overwrite");
     }
     return {};
 }
 
 QString duplicateActionLabel(DuplicateAction action) {
     switch (action) {
-        case DuplicateAction::log: return words("Log Only");
-        case DuplicateAction::skip: return words("Skip Duplicate");
-        case DuplicateAction::moveToBin: return words("Move to _Duplicates");
+        case DuplicateAction::log: return labelWords("Log Only");
+        case DuplicateAction::skip: return labelWords("Skip Duplicate");
+        case DuplicateAction::moveToBin: return labelWords("Move to _Duplicates");
     }
     return {};
 }

@@ -10,7 +10,7 @@
 namespace vellomar {
 namespace {
 
-QString words(const char* text) {
+QString rowWords(const char* text) {
     return QCoreApplication::translate("OptionRows", text);
 }
 
@@ -30,11 +30,11 @@ QVariant OptionRowsModel::data(const QModelIndex& index, int role) const {
     const auto place = static_cast<std::size_t>(index.row());
     const auto& row = rows_[place];
     switch (role) {
-        case sectionRole: return words(row.section);
+        case sectionRole: return rowWords(row.section);
         case isFirstRole: return place == 0 || std::string_view(rows_[place - 1].section) != row.section;
-        case labelRole: return words(row.label);
-        case subLabelRole: return words(row.subLabel);
-        case tooltipRole: return words(row.tooltip);
+        case labelRole: return rowWords(row.label);
+        case subLabelRole: return rowWords(row.subLabel);
+        case tooltipRole: return rowWords(row.tooltip);
         case isOnRole: return isOptionOn(settings_, row.key);
         case keyRole: return QString::fromLatin1(row.key.data(), static_cast<qsizetype>(row.key.size()));
         default: return {};

@@ -45,7 +45,7 @@ void OptionsPanelModel::setShowsAdvanced(bool isShown) {
     settings_.setValue(keys::kShowAdvanced, isShown);
 }
 
-QStringList OptionsPanelModel::conflictLabels() const {
+QStringList OptionsPanelModel::conflictLabels() {
     QStringList labels;
     for (const auto policy : kPolicies)
         labels << conflictLabel(policy);

@@ -46,7 +46,7 @@ public:
     void setShowsAdvanced(bool isShown);
 
     // The policies in the order in which they are offered, and which of them is in force, from 0.
-    [[nodiscard]] QStringList conflictLabels() const;
+    [[nodiscard]] static QStringList conflictLabels();
     [[nodiscard]] int conflict() const;
 
     [[nodiscard]] bool includesImages() const;
