@@ -12,7 +12,7 @@ Sheet {
     symbol: "exclamationmark.triangle.fill"
     symbolColour: Theme.alertOrange
     titleSize: 14
-    minimumWidth: 440
+    minimumWidth: 480
     canConfirm: false
     initialFocus: cancelButton
 

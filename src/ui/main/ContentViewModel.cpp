@@ -94,6 +94,8 @@ void ContentViewModel::connectFolders() {
 }
 
 void ContentViewModel::connectRun() {
+    // Comes for every setting, and for the rules.
+    connect(&run_, &RunFlow::changed, this, &ContentViewModel::configChanged);
     // A sheet gets what it shows before it opens, and is left alone from then on.
     connect(&run_, &RunFlow::dryRunAsked, this, [this] { dryRun_.setSettings(confirmed(run_.nextRun())); });
     connect(&run_, &RunFlow::runAsked, this, [this] { realRun_.setSettings(confirmed(*run_.pendingRun())); });
@@ -109,7 +111,6 @@ void ContentViewModel::connectSettings() {
     connect(&settings, &SettingsStore::changed, this, [this](const QString& key) {
         if (key.toStdString() == keys::kSecretFloppyMode) emit floppyModeChanged();
     });
-    connect(&settings, &SettingsStore::changed, this, &ContentViewModel::configChanged);
     connect(&settings, &SettingsStore::cannotSaveChanged, this, &ContentViewModel::tellOfSaving);
     tellOfDamage();
     tellOfSaving();

@@ -1,3 +1,4 @@
+#include <QSignalSpy>
 #include <cstdint>
 #include <filesystem>
 
@@ -83,6 +84,21 @@ TEST_F(ContentViewModelTest, AMissingExifToolIsNoticed) {
     makeContent();
     EXPECT_FALSE(content->lacksExifTool()) << "nobody has looked yet";
     EXPECT_TRUE(spinUntil([&] { return content->lacksExifTool(); }));
+}
+
+TEST_F(ContentViewModelTest, TheSettingsAtAGlanceFollowOptionsAndRules) {
+    makeContent();
+    const auto valueIn = [&](int section, int row) {
+        const auto rows = content->config()[section].toMap()["rows"].toList();
+        return rows[row].toMap()["value"].toString();
+    };
+    const QSignalSpy changes(content.get(), &ContentViewModel::configChanged);
+    content->naming()->choose(0);
+    EXPECT_EQ(changes.count(), 1);
+    EXPECT_EQ(valueIn(1, 0), "Original");
+    content->run()->setRenameRules({{Uuid::random(), "a", "b", true}});
+    EXPECT_EQ(changes.count(), 2);
+    EXPECT_EQ(valueIn(5, 1), "1 active");
 }
 
 TEST_F(ContentViewModelTest, TheSameFolderTwiceIsABanner) {
