@@ -14,7 +14,7 @@ function nameLayers() {
     height["tools"] = 6
     height["engine"] = 5
     height["dates"] = height["naming"] = height["duplicates"] = height["undo"] = 4
-    height["engine/model"] = 3
+    height["engine/model"] = height["places"] = 3
     height["platform"] = 2
     mayKnowItsSibling["dates", "naming"] = 1
 }

@@ -37,6 +37,9 @@ namespace vellomar::bench {
 // their luma.
 [[nodiscard]] std::vector<Result> benchmarkPictures(const Arguments& arguments);
 
+// What it costs to make a finder of places, and to find the place of a point where places are dense.
+[[nodiscard]] std::vector<Result> benchmarkPlaces(const Arguments& arguments);
+
 // Taking back a run of copies against digesting and removing them bare, and how the cost of an entry grows with their
 // number.
 [[nodiscard]] std::vector<Result> benchmarkUndo(const Arguments& arguments);
@@ -44,6 +47,10 @@ namespace vellomar::bench {
 // The whole application with its window: how long its event loop hears nothing while it sorts, and how its memory grows
 // with the number of files.
 [[nodiscard]] std::vector<Result> benchmarkWindow(const Arguments& arguments);
+
+// The plan's own window over 5,000 files: what a row costs, how soon a search shows what it finds, and what is left of
+// the event loop and the memory while large pictures pass by.
+[[nodiscard]] std::vector<Result> benchmarkPlanWindow(const Arguments& arguments);
 
 // `count` files of a corpus at full size, at the size that `arguments` ask for; not less than `least`.
 [[nodiscard]] std::size_t scaled(const Arguments& arguments, std::size_t count, std::size_t least);

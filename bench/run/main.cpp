@@ -22,7 +22,7 @@ namespace {
 constexpr const char* kUsage = R"(Usage: vellomar_bench [OPTION...]
 
   --only NAME    scan, estimate, plan, copy, copy-small, digest, duplicates, near-duplicates, metadata,
-                 reading, requests, pictures, undo or window; may be given several times
+                 reading, requests, pictures, places, undo, window or plan-window; may be given several times
   --files N      size of the large library instead of 300,000; all corpora are scaled alike, for a quick look
   --rounds N     rounds of each comparison, 5 by default; medians count
   --json         the results as JSON
@@ -47,8 +47,10 @@ const std::vector<std::pair<std::string, Benchmark>>& benchmarks() {
         {"reading", &benchmarkReading},
         {"requests", &benchmarkRequests},
         {"pictures", &benchmarkPictures},
+        {"places", &benchmarkPlaces},
         {"undo", &benchmarkUndo},
         {"window", &benchmarkWindow},
+        {"plan-window", &benchmarkPlanWindow},
     };
     return all;
 }

@@ -17,6 +17,7 @@
 #include "support/EngineHarness.h"
 #include "task/DuplicateJobs.h"
 #include "task/MetadataJobs.h"
+#include "task/PlaceJobs.h"
 #include "undo/ManifestFiles.h"
 
 namespace vellomar::bench {
@@ -162,6 +163,8 @@ const std::map<std::string_view, Job>& jobs() {
         {"digest-all", [](const std::string& source, const std::string& /*dest*/) { digestAll(source); }},
         {"undo", [](const std::string& manifest, const std::string& /*dest*/) { undo(manifest); }},
         {"near-duplicates", &findNearDuplicatesAmong},
+        {"load-places", [](const std::string& count, const std::string& /*dest*/) { loadPlaces(count); }},
+        {"find-places", [](const std::string& count, const std::string& /*dest*/) { findPlaces(count); }},
         {"exiftool", [](const std::string& list, const std::string& /*dest*/) { askExifTool(list); }},
         {"read", [](const std::string& list, const std::string& /*dest*/) { readByDecoder(list); }},
         {"ask", [](const std::string& list, const std::string& /*dest*/) { askDecoder(list); }},

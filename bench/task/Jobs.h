@@ -32,6 +32,11 @@ using Job = std::function<void(const std::string& source, const std::string& des
 //
 //   near-duplicates   grouped() and findNearDuplicates() over random hashes
 //
+// for a source that is a number of rounds or of points:
+//
+//   load-places    a PlaceFinder of the compiled table, so many times
+//   find-places    nearest() of so many points in Europe
+//
 // and, for a source that lists the paths of photos, one a line:
 //
 //   exiftool       batchReadExif() as a run asks for it

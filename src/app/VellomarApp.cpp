@@ -6,6 +6,8 @@
 #include <QVariantMap>
 
 #include "ui/QmlModule.h"
+#include "ui/thumbnails/ThumbnailDecoders.h"
+#include "ui/thumbnails/ThumbnailImages.h"
 
 namespace vellomar {
 namespace {
@@ -13,6 +15,12 @@ namespace {
 std::unique_ptr<FileChooser> madeFor(QQmlEngine& qml, FileSystem& fileSystem,
                                      const VellomarApp::Surroundings& surroundings) {
     installQmlModule(qml);
+    auto decoders = std::make_shared<ThumbnailDecoders>(fileSystem, surroundings.pixelDecoderProgram);
+    // The engine takes it.
+    qml.addImageProvider(QStringLiteral("thumbnails"),
+                         new ThumbnailImages([decoders = std::move(decoders)](const std::string& path, int size) {
+                             return decoders->decode(path, size);
+                         }));
     return surroundings.makeFileChooser(qml, fileSystem);
 }
 
@@ -23,9 +31,11 @@ VellomarApp::VellomarApp(const Surroundings& surroundings)
       userDefaults_(settings_),
       exifTool_(fileSystem_),
       metadataReaders_(fileSystem_, surroundings.decoderProgram),
+      fileFacts_(fileSystem_, surroundings.decoderProgram),
       fileChooser_(madeFor(qml_, fileSystem_, surroundings)),
       engine_(servicesFor(surroundings), &events_),
-      content_({engine_, events_, settings_, fileSystem_, clock_, exifTool_, *fileChooser_, background_}) {
+      content_({engine_, events_, settings_, fileSystem_, clock_, exifTool_, *fileChooser_, fileFacts_,
+                surroundings.reveal, surroundings.links, background_}) {
     connect(content_.quit(), &QuitFlow::finished, qGuiApp, &QGuiApplication::quit);
     connect(content_.status(), &RunStatus::changed, this, &VellomarApp::tellProgress);
     // Folders may have come and gone while the user looked elsewhere.
@@ -34,7 +44,12 @@ VellomarApp::VellomarApp(const Surroundings& surroundings)
     });
 }
 
-VellomarApp::~VellomarApp() = default;
+VellomarApp::~VellomarApp() {
+    // Lists leave rows that they once recycled to be deleted by the event loop, and an animation in one of them must
+    // not outlive the QML engine.
+    root_.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
 
 bool VellomarApp::show() {
     QQmlComponent component(&qml_, QUrl(QStringLiteral("qrc:/qml/Vellomar/MainWindow.qml")));

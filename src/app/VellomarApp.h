@@ -19,6 +19,9 @@
 #include "ui/desktop/BackgroundWork.h"
 #include "ui/desktop/EventLoopActor.h"
 #include "ui/desktop/FileChooser.h"
+#include "ui/desktop/FileReveal.h"
+#include "ui/desktop/LinkOpener.h"
+#include "ui/inspector/DecodedFileFacts.h"
 #include "ui/main/ContentViewModel.h"
 #include "ui/main/EngineEvents.h"
 
@@ -39,6 +42,8 @@ public:
         std::string pixelDecoderProgram;
         NotificationService& notifications;
         SleepInhibitor& sleepInhibitor;
+        FileReveal& reveal;
+        LinkOpener& links;
         // Makes what folders and files are chosen with, once.
         std::function<std::unique_ptr<FileChooser>(QQmlEngine&, FileSystem&)> makeFileChooser;
     };
@@ -74,6 +79,7 @@ private:
     ExifUtils::ExifTool exifTool_;
     EmbeddedMetadataReaders metadataReaders_;
     EventLoopActor mainActor_;
+    DecodedFileFacts fileFacts_;
     BackgroundWork background_;
     QQmlEngine qml_;
     std::unique_ptr<FileChooser> fileChooser_;

@@ -2,12 +2,19 @@
 #include <QDBusConnection>
 #include <QGuiApplication>
 #include <QIcon>
+#include <cstddef>
+#include <cstdio>
 #include <memory>
+#include <span>
 #include <string>
+#include <vector>
 
+#include "app/AboutText.h"
 #include "app/VellomarApp.h"
 #include "ui/QmlModule.h"
 #include "ui/desktop/DesktopFileChooser.h"
+#include "ui/desktop/DesktopFileReveal.h"
+#include "ui/desktop/DesktopLinkOpener.h"
 #include "ui/desktop/DesktopNotifications.h"
 #include "ui/desktop/DesktopSleepInhibitor.h"
 #include "ui/desktop/LauncherProgress.h"
@@ -46,16 +53,22 @@ int run(const QString& activationToken, TerminationSignals& termination) {
     DesktopNotifications notifications(session);
     DesktopSleepInhibitor sleepInhibitor(session, QDBusConnection::systemBus());
     LauncherProgress launcher(session);
+    DesktopFileReveal reveal(session);
+    DesktopLinkOpener links;
     VellomarApp application({.settingsFile = SettingsStore::defaultFile(),
                              .decoderProgram = companionProgram("vellomar-decoder"),
                              .pixelDecoderProgram = companionProgram("vellomar-pixel-decoder"),
                              .notifications = notifications,
                              .sleepInhibitor = sleepInhibitor,
+                             .reveal = reveal,
+                             .links = links,
                              .makeFileChooser = [&session](QQmlEngine& engine, FileSystem& fileSystem) {
                                  return std::make_unique<DesktopFileChooser>(session, engine, fileSystem);
                              }});
     QObject::connect(&application, &VellomarApp::progressed, &launcher,
                      [&launcher](double fraction) { showProgress(launcher, fraction); });
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, application.content().planWindow(),
+                     &PlanWindow::noteApplicationState);
     QObject::connect(&instance, &SingleInstance::activated, &application, &VellomarApp::raise);
     // There is nobody to ask; what is under way comes to a good end all the same.
     QObject::connect(&termination, &TerminationSignals::asked, application.content().quit(), &QuitFlow::quit);
@@ -67,6 +80,11 @@ int run(const QString& activationToken, TerminationSignals& termination) {
 }  // namespace vellomar
 
 int main(int argc, char** argv) {
+    const std::span arguments(argv, static_cast<std::size_t>(argc));
+    if (const auto answer = vellomar::answerTo(std::vector<const char*>(arguments.begin() + 1, arguments.end()))) {
+        std::fputs(answer->c_str(), stdout);
+        return 0;
+    }
     vellomar::TerminationSignals termination;
     const auto activationToken = vellomar::SingleInstance::activationTokenOfThisStart();
     const QGuiApplication application(argc, argv);

@@ -1,6 +1,8 @@
 // The window in every state and at the sizes that it has to hold at. With VELLOMAR_SCREENSHOTS set to a folder, each is
 // kept there as a picture to look at.
+#include <QTest>
 #include <algorithm>
+#include <cstdlib>
 
 #include <gmock/gmock.h>
 
@@ -35,7 +37,8 @@ bool isClipped(const QQuickItem& item) {
 
 // Labels of what can be pressed, and the fixed texts, are never cut off; names and paths may be, in the middle.
 bool mayBeShortened(const QQuickItem& text) {
-    return text.property("elide").toInt() == Qt::ElideMiddle || text.objectName() == QLatin1String("words");
+    return text.property("elide").toInt() == Qt::ElideMiddle ||
+           QStringList{"words", "actionText", "cameraCell"}.contains(text.objectName());
 }
 
 class LayoutTest : public ::testing::TestWithParam<Size> {
@@ -55,6 +58,18 @@ protected:
         }
         expectButtonsApart();
         window().saveScreenshot("window-" + std::to_string(GetParam().width) + "-" + state);
+    }
+
+    // The plan's own window, as it is.
+    void lookAtPlanWindow(const std::string& state) {
+        auto* const own = user.app().window()->findChild<QQuickWindow*>("planWindow");
+        ASSERT_NE(own, nullptr);
+        testing::WindowDriver driver(*own);
+        driver.settle();
+        for (const QQuickItem* const text : driver.shownTexts())
+            EXPECT_FALSE(text->property("truncated").toBool() && !mayBeShortened(*text))
+                << text->property("text").toString().toStdString();
+        driver.saveScreenshot("plan-" + std::to_string(GetParam().width) + "-" + state);
     }
 
     // Whether it can be clicked: an open sheet keeps from it what lies under the sheet.
@@ -87,6 +102,14 @@ protected:
         auto settings = user.settingsFile().open();
         settings->setBytes(keys::kSourceEntries, sourceEntriesText(entries));
         settings->setValue(keys::kDestPath, library.makeFolder("out"));
+    }
+
+    // To a place between its beginning and its end.
+    void scrollTools(double place) {
+        auto* const area = window().itemNamed("toolsColumn").findChild<QQuickItem*>("flickable");
+        ASSERT_NE(area, nullptr);
+        window().settle();
+        area->setProperty("contentY", place * (area->property("contentHeight").toReal() - area->height()));
     }
 
     RunningApp user{QSize(GetParam().width, GetParam().height)};
@@ -169,6 +192,153 @@ TEST_P(LayoutTest, WithABannerAndNotices) {
     ASSERT_TRUE(spinUntil([&] { return user.app().content().notices()->count() == 1; }));
     user.app().content().toggleFloppyMode();
     look("banner");
+}
+
+// Pictures in colours of their own, with what a camera writes into them.
+void writePictures(const testing::TemporaryFolder& library) {
+    library.makeFolder("in/Trip to Lisbon");
+    const auto make = [&](const std::string& arguments) { ASSERT_EQ(std::system(arguments.c_str()), 0) << arguments; };
+    for (int i = 0; i < 6; ++i) {
+        const auto file = library / ("in/Trip to Lisbon/DSCF" + std::to_string(1000 + i) + ".jpg");
+        make("convert -size 600x400 plasma:fractal -blur 0x2 '" + file + "'");
+        make(
+            "exiftool -q -overwrite_original -Make=FUJIFILM -Model=X100V -LensModel='FUJINON 23mm F2' -FNumber=2.8 "
+            "-ExposureTime=1/250 -ISO=160 -FocalLength=23 -Flash#=0 -WhiteBalance#=0 -MeteringMode#=5 "
+            "-DateTimeOriginal='2023:08:1" +
+            std::to_string(i) +
+            " 10:00:00' -GPSLatitude=38.7223 -GPSLatitudeRef=N "
+            "-GPSLongitude=9.1393 -GPSLongitudeRef=W -GPSAltitude=12 '" +
+            file + "'");
+    }
+    library.write("in/WhatsApp/IMG-20190504-WA0001.jpg", "no picture");
+    library.write("in/" + std::string(200, 'n') + ".jpg", "no picture either");
+    library.write("in/copy of DSCF1000.jpg", testing::contentOf(library / "in/Trip to Lisbon/DSCF1000.jpg"));
+}
+
+TEST_P(LayoutTest, WithAPlanAndItsInspector) {
+    writePictures(library);
+    keepSources({library / "in"});
+    user.start();
+    look("plan-empty");
+    auto* const content = &user.app().content();
+    user.press("Dry Run — Preview");
+    user.press("RUN DRY RUN");
+    user.waitForEnd();
+    auto& list = window().itemNamed("planList");
+    QMetaObject::invokeMethod(&list, "forceActiveFocus");
+    window().press(Qt::Key_Down);
+    const auto hasPictures = [](testing::WindowDriver& driver) {
+        return std::ranges::any_of(driver.itemsNamed("picture"), &QQuickItem::isVisible);
+    };
+    ASSERT_TRUE(spinUntil([&] { return hasPictures(window()); }));
+    look("plan");
+
+    const auto inspect = [&](const QString& name) {
+        for (int row = 0; row < content->plan()->rows()->count(); ++row)
+            if (content->plan()->rows()->index(row).data(PlanModel::fileNameRole) == name)
+                content->plan()->inspect(row);
+        ASSERT_TRUE(spinUntil([&] { return !content->plan()->inspector()->isReading(); }));
+    };
+    inspect("DSCF1001.jpg");
+    const auto lookAtTab = [&](const std::string& state) {
+        QTest::qWait(250);  // it fades in
+        look("inspector-" + state);
+        window().press(Qt::Key_Right);
+    };
+    lookAtTab("why");
+    lookAtTab("camera");
+    lookAtTab("location");
+    window().press(Qt::Key_Escape);
+    inspect("IMG-20190504-WA0001.jpg");
+    window().press(Qt::Key_Right);
+    lookAtTab("no-camera");
+    lookAtTab("no-location");
+    window().press(Qt::Key_Escape);
+
+    user.press("POP OUT");
+    auto* const own = user.app().window()->findChild<QQuickWindow*>("planWindow");
+    own->resize(user.app().window()->size());
+    testing::WindowDriver driver(*own);
+    ASSERT_TRUE(spinUntil([&] { return hasPictures(driver); }));
+    lookAtPlanWindow("window");
+    driver.click(driver.itemNamed("filterButton"));
+    content->planWindow()->plan()->filters()->cameras()->toggle(0);
+    QTest::qWait(300);
+    lookAtPlanWindow("filters");
+    content->planWindow()->plan()->filters()->setSearchText("nothing like it");
+    lookAtPlanWindow("none");
+    content->planWindow()->plan()->filters()->setSearchText("");
+    content->planWindow()->plan()->inspect(0);
+    QTest::qWait(250);
+    lookAtPlanWindow("inspector");
+}
+
+TEST_P(LayoutTest, WithEachNamingStyle) {
+    user.start();
+    for (const char* const style : {"Original", "Recommended", "Clean date", "Archival", "Custom"}) {
+        user.tap(style);
+        look(std::string("naming-") + style);
+    }
+    user.type("Custom format", QString(300, u'x') + "{original}" + QString(300, u'y'));
+    look("naming-long");
+}
+
+TEST_P(LayoutTest, WithBothTabsOfOptions) {
+    user.start();
+    look("basic");
+    user.tap("ADVANCED");
+    user.tap("IMG");
+    look("advanced");
+    user.press("Choose which file types to include in the sort.");
+    look("explanation");
+    window().press(Qt::Key_Escape);
+    scrollTools(1.0);
+    look("advanced-end");
+    user.tap("BASIC");
+    scrollTools(1.0);
+    look("basic-end");
+}
+
+TEST_P(LayoutTest, WithAnAlert) {
+    keepSources({library.makeFolder("in")});
+    user.start();
+    user.tap("Overwrite");
+    look("alert-overwrite");
+    user.press("Use Overwrite");
+    look("overwrite");
+    user.tap("Check for duplicates");
+    user.tap("Check for duplicates");
+    look("alert-hash");
+}
+
+TEST_P(LayoutTest, WithPresets) {
+    user.start();
+    user.press("PRESETS");
+    look("presets-empty");
+    auto* const presets = user.app().content().presets();
+    for (const char* const name : {"Phone", "Card\nof two\nlines"})
+        presets->savePreset(name);
+    presets->savePreset(QString(1000, u'W'));
+    presets->savePreset(QString("many words ").repeated(100));
+    look("presets");
+    for (int i = 0; i < 50; ++i)
+        presets->savePreset("Preset " + QString::number(i));
+    look("presets-many");
+}
+
+TEST_P(LayoutTest, WithRenameRules) {
+    user.start();
+    user.press("RENAME RULES");
+    look("rules-empty");
+    auto* const rules = user.app().content().rules();
+    rules->addRule("Vacation", "Vacaciones");
+    rules->addRule("Card\nof two\nlines", "One line");
+    rules->addRule(QString(1000, u'W'), QString(1000, u'M'));
+    rules->addRule("Wedding", "Boda");
+    rules->setEnabled(3, false);
+    look("rules");
+    user.press("DONE");
+    look("rules-counted");
 }
 
 TEST_P(LayoutTest, ItsPartsHaveTheirSizesAndColours) {

@@ -1,5 +1,6 @@
 #include "app/RunningApp.h"
 
+#include <QKeyEvent>
 #include <cstdint>
 #include <filesystem>
 #include <utility>
@@ -21,6 +22,8 @@ void RunningApp::start() {
                                                                    .pixelDecoderProgram = pixelDecoderProgram(),
                                                                    .notifications = notifications_,
                                                                    .sleepInhibitor = sleepInhibitor_,
+                                                                   .reveal = reveal_,
+                                                                   .links = links_,
                                                                    .makeFileChooser = [this](QQmlEngine&, FileSystem&) {
                                                                        auto chooser =
                                                                            std::make_unique<ScriptedFileChooser>();
@@ -46,6 +49,31 @@ bool RunningApp::canPress(const QString& button) {
     auto* const interface = window_->accessible(QAccessible::Button, button);
     auto* const item = interface == nullptr ? nullptr : qobject_cast<QQuickItem*>(interface->object());
     return item != nullptr && item->isVisible() && item->isEnabled();
+}
+
+void RunningApp::tap(const QString& choice) {
+    auto* const interface = window_->accessible(QAccessible::CheckBox, choice);
+    ASSERT_NE(interface, nullptr) << choice.toStdString();
+    interface->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    window_->settle();
+}
+
+bool RunningApp::isChecked(const QString& choice) {
+    auto* const interface = window_->accessible(QAccessible::CheckBox, choice);
+    return interface != nullptr && interface->state().checked;
+}
+
+void RunningApp::type(const QString& field, const QString& text) {
+    auto* const interface = window_->accessible(QAccessible::EditableText, field);
+    ASSERT_NE(interface, nullptr) << field.toStdString();
+    qobject_cast<QQuickItem*>(interface->object())->forceActiveFocus();
+    window_->press(Qt::Key_A, Qt::ControlModifier);
+    window_->press(Qt::Key_Delete);
+    for (const QChar character : text) {
+        QKeyEvent press(QEvent::KeyPress, 0, {}, QString(character));
+        QCoreApplication::sendEvent(app_->window(), &press);
+    }
+    window_->settle();
 }
 
 bool RunningApp::isOpen(const QString& sheet) {

@@ -11,6 +11,7 @@
 #include "support/TemporaryFolder.h"
 #include "ui/ScriptedFileChooser.h"
 #include "ui/WindowDriver.h"
+#include "ui/desktop/RecordingDesktop.h"
 
 namespace vellomar::testing {
 
@@ -26,6 +27,8 @@ public:
     [[nodiscard]] VellomarApp& app() { return *app_; }
     [[nodiscard]] WindowDriver& window() { return *window_; }
     [[nodiscard]] ScriptedFileChooser& chooser() { return *chooser_; }
+    [[nodiscard]] RecordingReveal& reveal() { return reveal_; }
+    [[nodiscard]] RecordingLinks& links() { return links_; }
     [[nodiscard]] SettingsFile& settingsFile() { return settingsFile_; }
     [[nodiscard]] const TemporaryFolder& library() const { return library_; }
 
@@ -34,6 +37,13 @@ public:
 
     // Whether there is such a button, and it can be pressed.
     [[nodiscard]] bool canPress(const QString& button);
+
+    // Toggles what is on or off, or chosen or not, by its name, and tells how it is.
+    void tap(const QString& choice);
+    [[nodiscard]] bool isChecked(const QString& choice);
+
+    // Types into the field of that name, in place of what it holds.
+    void type(const QString& field, const QString& text);
 
     // Whether a sheet of that name is open.
     [[nodiscard]] bool isOpen(const QString& sheet);
@@ -58,6 +68,8 @@ private:
     SettingsFile settingsFile_;
     RecordingNotifications notifications_;
     CountingSleepInhibitor sleepInhibitor_;
+    RecordingReveal reveal_;
+    RecordingLinks links_;
     ScriptedFileChooser* chooser_ = nullptr;  // the application's
     std::unique_ptr<VellomarApp> app_;
     std::unique_ptr<WindowDriver> window_;

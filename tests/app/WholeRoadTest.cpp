@@ -3,6 +3,9 @@
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QSignalSpy>
+#include <QTest>
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <set>
 
@@ -98,10 +101,33 @@ TEST_F(WholeRoadTest, ARealRunSortsAndAnUndoTakesItBack) {
     EXPECT_TRUE(testing::exists(library / "in/trip/IMG_20230814_143021.jpg"));
 }
 
+void savePlanWindow(RunningApp& user) {
+    user.press("POP OUT");
+    auto* const own = user.app().window()->findChild<QQuickWindow*>("planWindow");
+    own->resize(1280, 832);
+    testing::WindowDriver driver(*own);
+    user.app().content().planWindow()->plan()->filters()->setSearchText("pixel 8");
+    ASSERT_TRUE(spinUntil([&] { return std::ranges::any_of(driver.itemsNamed("picture"), &QQuickItem::isVisible); }));
+    QTest::qWait(500);
+    driver.saveScreenshot("road-5-plan");
+    user.app().content().planWindow()->close();
+    user.window().waitUntilActive();
+}
+
 // The road of the README, whose pictures are these.
 TEST(WholeRoadPictures, ADryRunARealRunAndAnUndo) {
     RunningApp user(QSize(1280, 832));
     const auto& library = user.library();
+    library.makeFolder("anna/Pictures/Unsorted/Lisbon");
+    ASSERT_EQ(
+        std::system(
+            ("cd '" + library.path() +
+             "/anna/Pictures/Unsorted/Lisbon' && convert -size 240x180 plasma:steelblue-wheat "
+             "plasma:navy-orange plasma:teal-white plasma:gold-maroon plasma:olive-skyblue "
+             "plasma:tan-indigo -blur 0x3 -scene 11 PXL_202404%02d_10304412.jpg && exiftool -q -overwrite_original "
+             "-Make=Google -Model='Pixel 8 Pro' .")
+                .c_str()),
+        0);
     for (int day = 1; day <= 24; ++day) {
         const auto number = std::to_string(10 + day);
         library.write("anna/Pictures/Unsorted/DCIM/IMG_202306" + number.substr(0, 2) + "_1030" + number + ".jpg",
@@ -118,6 +144,7 @@ TEST(WholeRoadPictures, ADryRunARealRunAndAnUndo) {
     user.press("RUN DRY RUN");
     user.waitForEnd();
     EXPECT_TRUE(testing::exists(library / "anna/Pictures/Sorted/_preview_plan.csv"));
+    savePlanWindow(user);
     user.press("Sort Photos");
     user.press("RUN NOW");
     user.waitForEnd();

@@ -16,7 +16,7 @@ using testing::local;
 
 using Candidates = std::vector<DateCandidate>;
 
-Instant shot() {
+Instant shotThatDay() {
     return local(2023, 8, 14, 14, 30, 21);
 }
 
@@ -51,22 +51,23 @@ TEST(DropImpossibleDates, ADayFromNowAndWhatComesAfterIsDropped) {
 }
 
 TEST(DropImpossibleDates, TheOrderIsKept) {
-    const DateCandidate first{shot(), "a", 1};
-    const DateCandidate second{shot(), "b", 2};
+    const DateCandidate first{shotThatDay(), "a", 1};
+    const DateCandidate second{shotThatDay(), "b", 2};
     EXPECT_THAT(possible({first, {Instant(), "x", 100}, second}), ElementsAre(first, second));
 }
 
 TEST(ConfirmByFilename, ANameWithinADayConfirms) {
-    const DateCandidate name{shot(), "Filename", 70};
+    const DateCandidate name{shotThatDay(), "Filename", 70};
     for (const auto distance : {0us, 24h - 1us, -(24h - 1us)}) {
-        EXPECT_THAT(confirmed({{shot() + distance, "EXIF DateTimeOriginal", 95}, name}),
-                    ElementsAre(DateCandidate{shot() + distance, "EXIF DateTimeOriginal+confirmed", 100}, name));
+        EXPECT_THAT(confirmed({{shotThatDay() + distance, "EXIF DateTimeOriginal", 95}, name}),
+                    ElementsAre(DateCandidate{shotThatDay() + distance, "EXIF DateTimeOriginal+confirmed", 100}, name));
     }
 }
 
 TEST(ConfirmByFilename, ANameADayAwayDoesNot) {
     for (const auto distance : {24h, -24h}) {
-        const Candidates candidates = {{shot() + distance, "EXIF DateTimeOriginal", 95}, {shot(), "Filename", 70}};
+        const Candidates candidates = {{shotThatDay() + distance, "EXIF DateTimeOriginal", 95},
+                                       {shotThatDay(), "Filename", 70}};
         EXPECT_EQ(confirmed(candidates), candidates);
     }
 }
@@ -74,10 +75,11 @@ TEST(ConfirmByFilename, ANameADayAwayDoesNot) {
 TEST(ConfirmByFilename, EveryFilenameLabelConfirms) {
     for (const auto* label :
          {"Filename", "Filename-UnixTS", "Filename-Screenshot", "Filename-WhatsApp", "Filename-Signal"}) {
-        EXPECT_EQ(confirmed({{shot(), "XMP Sidecar", 97}, {shot(), label, 70}}).front().source,
+        EXPECT_EQ(confirmed({{shotThatDay(), "XMP Sidecar", 97}, {shotThatDay(), label, 70}}).front().source,
                   "XMP Sidecar+confirmed");
     }
-    EXPECT_EQ(confirmed({{shot(), "XMP Sidecar", 97}, {shot(), "FS CreationDate", 15}}).front().source, "XMP Sidecar");
+    EXPECT_EQ(confirmed({{shotThatDay(), "XMP Sidecar", 97}, {shotThatDay(), "FS CreationDate", 15}}).front().source,
+              "XMP Sidecar");
 }
 
 TEST(ConfirmByFilename, TheScoreRisesByEightUpToAHundred) {
@@ -86,41 +88,47 @@ TEST(ConfirmByFilename, TheScoreRisesByEightUpToAHundred) {
         int after;
     };
     for (const auto& [before, after] : {Case{90, 98}, Case{92, 100}, Case{93, 100}, Case{97, 100}, Case{100, 100}}) {
-        EXPECT_EQ(confirmed({{shot(), "ExifTool CreateDate", before}, {shot(), "Filename", 70}}).front().score, after)
+        EXPECT_EQ(
+            confirmed({{shotThatDay(), "ExifTool CreateDate", before}, {shotThatDay(), "Filename", 70}}).front().score,
+            after)
             << before;
     }
 }
 
 TEST(ConfirmByFilename, BelowNinetyNothingIsConfirmed) {
-    const Candidates candidates = {{shot(), "ExifTool XMP:CreateDate", 89}, {shot(), "Filename", 70}};
+    const Candidates candidates = {{shotThatDay(), "ExifTool XMP:CreateDate", 89}, {shotThatDay(), "Filename", 70}};
     EXPECT_EQ(confirmed(candidates), candidates);
 }
 
 TEST(ConfirmByFilename, OnlyTheFirstStrongSourceIsRaised) {
-    EXPECT_THAT(confirmed({{shot(), "XMP Sidecar", 97},
-                           {shot(), "ExifTool DateTimeOriginal", 100},
-                           {shot(), "EXIF DateTimeOriginal", 95},
-                           {shot(), "Filename", 70}}),
-                ElementsAre(DateCandidate{shot(), "XMP Sidecar+confirmed", 100},
-                            DateCandidate{shot(), "ExifTool DateTimeOriginal", 100},
-                            DateCandidate{shot(), "EXIF DateTimeOriginal", 95}, DateCandidate{shot(), "Filename", 70}));
+    EXPECT_THAT(confirmed({{shotThatDay(), "XMP Sidecar", 97},
+                           {shotThatDay(), "ExifTool DateTimeOriginal", 100},
+                           {shotThatDay(), "EXIF DateTimeOriginal", 95},
+                           {shotThatDay(), "Filename", 70}}),
+                ElementsAre(DateCandidate{shotThatDay(), "XMP Sidecar+confirmed", 100},
+                            DateCandidate{shotThatDay(), "ExifTool DateTimeOriginal", 100},
+                            DateCandidate{shotThatDay(), "EXIF DateTimeOriginal", 95},
+                            DateCandidate{shotThatDay(), "Filename", 70}));
 }
 
 TEST(ConfirmByFilename, IfTheFirstStrongOneDisagreesNoOtherIsRaised) {
-    const Candidates candidates = {
-        {shot() - 48h, "XMP Sidecar", 97}, {shot(), "EXIF DateTimeOriginal", 95}, {shot(), "Filename", 70}};
+    const Candidates candidates = {{shotThatDay() - 48h, "XMP Sidecar", 97},
+                                   {shotThatDay(), "EXIF DateTimeOriginal", 95},
+                                   {shotThatDay(), "Filename", 70}};
     EXPECT_EQ(confirmed(candidates), candidates);
 }
 
 TEST(ConfirmByFilename, EveryCandidateOfThatSourceIsRaised) {
-    EXPECT_THAT(confirmed({{shot(), "Same", 95}, {shot() - 48h, "Same", 50}, {shot(), "Filename", 70}}),
-                ElementsAre(DateCandidate{shot(), "Same+confirmed", 100},
-                            DateCandidate{shot() - 48h, "Same+confirmed", 58}, DateCandidate{shot(), "Filename", 70}));
+    EXPECT_THAT(
+        confirmed({{shotThatDay(), "Same", 95}, {shotThatDay() - 48h, "Same", 50}, {shotThatDay(), "Filename", 70}}),
+        ElementsAre(DateCandidate{shotThatDay(), "Same+confirmed", 100},
+                    DateCandidate{shotThatDay() - 48h, "Same+confirmed", 58},
+                    DateCandidate{shotThatDay(), "Filename", 70}));
 }
 
 TEST(ConfirmByFilename, WithoutANameOrAStrongOneNothingChanges) {
     for (const Candidates& candidates :
-         {Candidates{}, Candidates{{shot(), "XMP Sidecar", 97}}, Candidates{{shot(), "Filename", 70}}})
+         {Candidates{}, Candidates{{shotThatDay(), "XMP Sidecar", 97}}, Candidates{{shotThatDay(), "Filename", 70}}})
         EXPECT_EQ(confirmed(candidates), candidates);
 }
 
@@ -166,8 +174,10 @@ TEST(SuspectFileDates, WithoutAFolderYearNothingChanges) {
 }
 
 TEST(BestOf, TheHighestScoreWinsAndTheFirstOfEquals) {
-    const Candidates candidates = {
-        {shot() - 5h, "first", 20}, {shot(), "best", 70}, {shot() - 9h, "as good", 70}, {shot(), "last", 5}};
+    const Candidates candidates = {{shotThatDay() - 5h, "first", 20},
+                                   {shotThatDay(), "best", 70},
+                                   {shotThatDay() - 9h, "as good", 70},
+                                   {shotThatDay(), "last", 5}};
     EXPECT_EQ(bestOf(candidates, now()), candidates[1]);
 }
 

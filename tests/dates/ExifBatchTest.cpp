@@ -38,7 +38,7 @@ using Arguments = std::vector<std::string>;
 using Progress = std::vector<std::pair<std::size_t, std::size_t>>;
 
 // For programs that are to end by themselves.
-constexpr auto kAmpleTime = 60s;
+constexpr auto kAmpleTimeOfBatch = 60s;
 
 constexpr std::string_view kUnset = "0000:00:00 00:00:00";
 
@@ -117,7 +117,7 @@ public:
         request.files = pointers_;
         request.kind = kind;
         request.chunkSize = chunkSize;
-        request.timeout = kAmpleTime;
+        request.timeout = kAmpleTimeOfBatch;
         return request;
     }
 

@@ -34,7 +34,7 @@ using testing::TemporaryFolder;
 using Arguments = std::vector<std::string>;
 
 // For programs that are to end by themselves.
-constexpr auto kAmpleTime = 60s;
+constexpr auto kAmpleToolTime = 60s;
 
 // Writes down how often each path was looked at.
 class LookCounter final : public testing::ForwardingFileSystem {
@@ -128,7 +128,7 @@ TEST_F(LocateExifTool, LooksOnce) {
     static_cast<void>(program("later"));
     EXPECT_EQ(tool.locateExifTool(), std::nullopt);
     EXPECT_FALSE(tool.runExifTool({}));
-    EXPECT_FALSE(tool.runExifToolJSON({}, kAmpleTime).has_value());
+    EXPECT_FALSE(tool.runExifToolJSON({}, kAmpleToolTime).has_value());
     EXPECT_THAT(counter.looks, ElementsAre(Pair(folder / "exiftool", 1), Pair(later, 1)));
 }
 
@@ -191,14 +191,14 @@ TEST(RunExifTool, WhatCannotBeStartedIsAFailure) {
         SCOPED_TRACE(path);
         const ExifTool tool(fileSystem, {"", {path}});
         EXPECT_FALSE(tool.runExifTool({}));
-        EXPECT_FALSE(tool.runExifToolJSON({}, kAmpleTime).has_value());
+        EXPECT_FALSE(tool.runExifToolJSON({}, kAmpleToolTime).has_value());
     }
 }
 
 TEST(RunExifToolJSON, PassesItsArgumentsBehindItsOwn) {
     const auto fake = FakeExifTool("printf '[]'");
     const Arguments odd = {"-Make", "", "/a b'\"c\nd\\e$f|", "-/dash", "M\xC3\xBC\xFF"};
-    EXPECT_TRUE(fake.tool().runExifToolJSON(odd, kAmpleTime).has_value());
+    EXPECT_TRUE(fake.tool().runExifToolJSON(odd, kAmpleToolTime).has_value());
     EXPECT_THAT(fake.calls(), ElementsAre(ElementsAre("-api", "LargeFileSupport=1", "-json", odd[0], odd[1], odd[2],
                                                       odd[3], odd[4])));
 }
@@ -209,7 +209,7 @@ TEST(RunExifToolJSON, ACopyInTheResourcesFindsItsLibraryThere) {
     const TemporaryFolder folder;
     folder.write("exiftool", "printf '[{\"arguments\":\"%s\",\"library\":\"%s\"}]', join(' ', @ARGV), $INC[0];");
     const Arguments arguments = {"-Make"};
-    EXPECT_THAT(ExifTool(fileSystem, {folder.path(), {}}).runExifToolJSON(arguments, kAmpleTime),
+    EXPECT_THAT(ExifTool(fileSystem, {folder.path(), {}}).runExifToolJSON(arguments, kAmpleToolTime),
                 ::testing::Optional(ElementsAre(
                     Json{{"arguments", "-api LargeFileSupport=1 -json -Make"}, {"library", folder.path()}})));
 }
@@ -217,10 +217,10 @@ TEST(RunExifToolJSON, ACopyInTheResourcesFindsItsLibraryThere) {
 TEST(RunExifToolJSON, GivesTheObjectsInTheirOrder) {
     const LeavesNothingBehind census;
     const auto fake = FakeExifTool::printing(" [ {\"b\":1}, {},\n{\"a\":{\"c\":[true,null]}} ]\n");
-    EXPECT_THAT(fake.tool().runExifToolJSON({}, kAmpleTime),
+    EXPECT_THAT(fake.tool().runExifToolJSON({}, kAmpleToolTime),
                 ::testing::Optional(
                     ElementsAre(Json::parse(R"({"b":1})"), Json::object(), Json::parse(R"({"a":{"c":[true,null]}})"))));
-    EXPECT_THAT(FakeExifTool::printing("[]").tool().runExifToolJSON({}, kAmpleTime),
+    EXPECT_THAT(FakeExifTool::printing("[]").tool().runExifToolJSON({}, kAmpleToolTime),
                 ::testing::Optional(ElementsAre()));
 }
 
@@ -229,7 +229,7 @@ TEST(RunExifToolJSON, AnythingButAListOfObjectsIsNoAnswer) {
     for (const auto* output : {"", " ", "[", "[{}", "[{}] x", "{}", "{\"a\":[{}]}", "null", "1", "\"text\"", "[1]",
                                "[{},null]", "[[]]", "[[{}]]", "Warning: nothing", "[{\"a\":\"\xFF\"}]"}) {
         SCOPED_TRACE(output);
-        EXPECT_FALSE(FakeExifTool::printing(output).tool().runExifToolJSON({}, kAmpleTime).has_value());
+        EXPECT_FALSE(FakeExifTool::printing(output).tool().runExifToolJSON({}, kAmpleToolTime).has_value());
     }
 }
 
@@ -238,9 +238,9 @@ TEST(RunExifToolJSON, HowTheProgramEndsDoesNotMatter) {
     for (const auto* end : {"exit 1", "exit 2", "kill -SEGV $$", "kill -KILL $$"}) {
         SCOPED_TRACE(end);
         const auto fake = FakeExifTool(std::string("printf '[{\"a\":1}]'; ulimit -c 0; ") + end);
-        EXPECT_THAT(fake.tool().runExifToolJSON({}, kAmpleTime), ::testing::Optional(ElementsAre(Json{{"a", 1}})));
+        EXPECT_THAT(fake.tool().runExifToolJSON({}, kAmpleToolTime), ::testing::Optional(ElementsAre(Json{{"a", 1}})));
     }
-    EXPECT_FALSE(FakeExifTool("kill -KILL $$").tool().runExifToolJSON({}, kAmpleTime).has_value());
+    EXPECT_FALSE(FakeExifTool("kill -KILL $$").tool().runExifToolJSON({}, kAmpleToolTime).has_value());
 }
 
 TEST(RunExifToolJSON, WaitsAsLongAsItTakesWithoutALimit) {
@@ -267,7 +267,7 @@ TEST(RunExifToolJSON, OutputThatFitsThePipeComesWhole) {
     const LeavesNothingBehind census;
     EXPECT_TRUE(FakeExifTool("printf '%1000000s' '[{}]'; printf '%1000000s' x >&2")
                     .tool()
-                    .runExifToolJSON({}, kAmpleTime)
+                    .runExifToolJSON({}, kAmpleToolTime)
                     .has_value());
 }
 
@@ -316,7 +316,7 @@ TEST(RunExifToolJSON, AHelperThatKeepsTheOutputOpenHoldsNobodyUp) {
     const LeavesNothingBehind census;
     const FakeExifTool fake("sleep 60 & echo $! >\"$here/helper\"; printf '[{}]'");
     const auto start = std::chrono::steady_clock::now();
-    EXPECT_TRUE(fake.tool().runExifToolJSON({}, kAmpleTime).has_value());
+    EXPECT_TRUE(fake.tool().runExifToolJSON({}, kAmpleToolTime).has_value());
     EXPECT_LT(std::chrono::steady_clock::now() - start, 30s);
     EXPECT_EQ(::kill(std::stoi(contentOf(fake / "helper")), SIGKILL), 0) << "it was still there";
 }
@@ -330,7 +330,7 @@ TEST(RunExifToolJSON, ManyThreadsMayAskAtOnce) {
         for (int i = 0; i < 4; ++i)
             threads.emplace_back([&] {
                 for (int call = 0; call < 10; ++call)
-                    answers += fake.tool().runExifToolJSON({}, kAmpleTime).has_value() ? 1 : 0;
+                    answers += fake.tool().runExifToolJSON({}, kAmpleToolTime).has_value() ? 1 : 0;
             });
     }
     EXPECT_EQ(answers, 40);

@@ -25,7 +25,7 @@ using ::vellomar::testing::local;
 using ::vellomar::testing::ScopedTimeZone;
 using ::vellomar::testing::TemporaryFolder;
 
-constexpr const char* kZones[] = {"UTC", "Europe/Berlin", "America/Los_Angeles", "Asia/Kolkata", "Pacific/Apia"};
+constexpr const char* kSidecarZones[] = {"UTC", "Europe/Berlin", "America/Los_Angeles", "Asia/Kolkata", "Pacific/Apia"};
 constexpr std::string_view kAttribute = R"(xmp:CreateDate="2023-08-14T14:30:21")";
 constexpr std::string_view kElement = "<xmp:CreateDate>2023-08-14T14:30:21</xmp:CreateDate>";
 
@@ -41,7 +41,7 @@ TEST(SidecarDate, ReadsTheLocalCreateDate) {
         "<x>\n  <xmp:CreateDate>2023-08-14T14:30:21</xmp:CreateDate>\n</x>",
         "\xFF\xC3 xmp:CreateDate=\"2023-08-14T14:30:21\" \xE2",
     };
-    for (const char* zone : kZones) {
+    for (const char* zone : kSidecarZones) {
         const ScopedTimeZone scope(zone);
         for (const auto text : kTexts) {
             SCOPED_TRACE(std::string(text) + " " + zone);

@@ -7,6 +7,8 @@
 namespace vellomar::fuzz {
 
 extern const Target kBytesJson;
+extern const Target kCameraProperties;
+extern const Target kCameraPropertyMessages;
 extern const Target kExifDate;
 extern const Target kFilenameDates;
 extern const Target kFolderDates;
@@ -16,8 +18,8 @@ extern const Target kParsedDecision;
 extern const Target kSidecarDate;
 extern const Target kVideoMetadata;
 
-inline constexpr std::array kTargets = {&kBytesJson,      &kExifDate,        &kFilenameDates,
-                                        &kFolderDates,    &kImageProperties, &kMetadataMessages,
-                                        &kParsedDecision, &kSidecarDate,     &kVideoMetadata};
+inline constexpr std::array kTargets = {
+    &kBytesJson,       &kCameraProperties, &kCameraPropertyMessages, &kExifDate,    &kFilenameDates, &kFolderDates,
+    &kImageProperties, &kMetadataMessages, &kParsedDecision,         &kSidecarDate, &kVideoMetadata};
 
 }  // namespace vellomar::fuzz

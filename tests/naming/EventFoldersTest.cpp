@@ -11,7 +11,7 @@ using ::testing::IsEmpty;
 
 using Tail = std::vector<std::string>;
 
-FolderRenameRule rule(std::string matchText, std::string replacement) {
+FolderRenameRule folderRule(std::string matchText, std::string replacement) {
     FolderRenameRule result;
     result.matchText = std::move(matchText);
     result.replacement = std::move(replacement);
@@ -64,23 +64,23 @@ TEST(EventFolders, FoldersThatSayNothingArePassedOverInAnyCase) {
 }
 
 TEST(EventFolders, RulesRenameWhatIsMeaningful) {
-    const auto folders = meaningfulFolders("Hawaii trip/Rome", {rule("hawaii", "Hawaii 2019")}, false);
+    const auto folders = meaningfulFolders("Hawaii trip/Rome", {folderRule("hawaii", "Hawaii 2019")}, false);
     EXPECT_EQ(folders.first, "Hawaii 2019");
     EXPECT_THAT(folders.tail, ElementsAre("Hawaii 2019", "Rome"));
 }
 
 TEST(EventFolders, ARuleBringsNoIgnoredFolderBack) {
-    EXPECT_EQ(meaningfulFolders("DCIM", {rule("dcim", "Phone")}, false).first, std::nullopt);
-    EXPECT_EQ(meaningfulFolders("2012", {rule("2012", "That year")}, false).first, std::nullopt);
+    EXPECT_EQ(meaningfulFolders("DCIM", {folderRule("dcim", "Phone")}, false).first, std::nullopt);
+    EXPECT_EQ(meaningfulFolders("2012", {folderRule("2012", "That year")}, false).first, std::nullopt);
 }
 
 TEST(EventFolders, WhatARuleGivesIsNeverPassedOver) {
-    EXPECT_THAT(meaningfulFolders("Phone/Rome", {rule("phone", "DCIM"), rule("rome", "2012")}, false).tail,
+    EXPECT_THAT(meaningfulFolders("Phone/Rome", {folderRule("phone", "DCIM"), folderRule("rome", "2012")}, false).tail,
                 ElementsAre("DCIM", "2012"));
 }
 
 TEST(EventFolders, ARuleWithAnEmptyReplacementGivesAnEmptyEvent) {
-    const auto folders = meaningfulFolders("Misc/Rome", {rule("misc", "")}, false);
+    const auto folders = meaningfulFolders("Misc/Rome", {folderRule("misc", "")}, false);
     EXPECT_EQ(folders.first, "");
     EXPECT_THAT(folders.tail, ElementsAre("", "Rome"));
 }

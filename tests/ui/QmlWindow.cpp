@@ -1,5 +1,6 @@
 #include "ui/QmlWindow.h"
 
+#include <QCoreApplication>
 #include <QQmlComponent>
 #include <QQmlError>
 #include <stdexcept>
@@ -22,6 +23,7 @@ QmlWindow::QmlWindow(QSize size) : WindowDriver(ownWindow) {
 
 QmlWindow::~QmlWindow() {
     root_.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QAccessible::setActive(false);
 }
 

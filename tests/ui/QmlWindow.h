@@ -25,6 +25,9 @@ public:
     QmlWindow(const QmlWindow&) = delete;
     QmlWindow& operator=(const QmlWindow&) = delete;
 
+    // For what is to be there before anything is shown.
+    [[nodiscard]] QQmlEngine& engine() { return engine_; }
+
     // Shows an item that is as large as the window, from its QML without the imports. Fails the test when it cannot.
     QQuickItem& show(const std::string& qml, const QVariantMap& properties = {});
 

@@ -95,18 +95,19 @@ DecoderProcess::~DecoderProcess() {
     dropWorker();
 }
 
-std::optional<MessageBytes> DecoderProcess::answerTo(DecoderRequest request, std::span<const int> descriptors) {
+std::optional<MessageBytes> DecoderProcess::answerTo(const MessageBytes& request, std::span<const int> descriptors,
+                                                     std::chrono::milliseconds mostTime) {
     if (!ensureStarted()) return std::nullopt;
     std::optional<MessageBytes> answer;
-    if (sendMessage(worker_->socket.get(), requestMessage(request), descriptors)) answer = answerInTime();
+    if (sendMessage(worker_->socket.get(), request, descriptors)) answer = answerIn(mostTime);
     // What is no answer to this request must not be taken for one to the next.
     if (!answer) dropWorker();
     return answer;
 }
 
-std::optional<MessageBytes> DecoderProcess::answerInTime() const {
+std::optional<MessageBytes> DecoderProcess::answerIn(std::chrono::milliseconds mostTime) const {
     const int socket = worker_->socket.get();
-    if (!hasAnswerInTime(socket, worker_->process.id(), mostTime_)) return std::nullopt;
+    if (!hasAnswerInTime(socket, worker_->process.id(), mostTime)) return std::nullopt;
     return messageFrom(socket);
 }
 

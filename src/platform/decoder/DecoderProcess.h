@@ -35,7 +35,15 @@ public:
     template <typename Value>
     [[nodiscard]] std::optional<Value> ask(DecoderRequest request, std::span<const int> descriptors,
                                            const std::function<std::optional<Value>(const MessageBytes&)>& read) {
-        const auto answer = answerTo(request, descriptors);
+        return ask<Value>(requestMessage(request), descriptors, mostTime_, read);
+    }
+
+    // As above, for a request whose message says more than what is asked, and which may take another time.
+    template <typename Value>
+    [[nodiscard]] std::optional<Value> ask(const MessageBytes& request, std::span<const int> descriptors,
+                                           std::chrono::milliseconds mostTime,
+                                           const std::function<std::optional<Value>(const MessageBytes&)>& read) {
+        const auto answer = answerTo(request, descriptors, mostTime);
         if (!answer || *answer == noValueAnswer()) return std::nullopt;
         auto value = read(*answer);
         if (!value) dropWorker();
@@ -48,8 +56,9 @@ private:
         FileDescriptor socket;
     };
 
-    [[nodiscard]] std::optional<MessageBytes> answerTo(DecoderRequest request, std::span<const int> descriptors);
-    [[nodiscard]] std::optional<MessageBytes> answerInTime() const;
+    [[nodiscard]] std::optional<MessageBytes> answerTo(const MessageBytes& request, std::span<const int> descriptors,
+                                                       std::chrono::milliseconds mostTime);
+    [[nodiscard]] std::optional<MessageBytes> answerIn(std::chrono::milliseconds mostTime) const;
     [[nodiscard]] bool ensureStarted();
     [[nodiscard]] std::optional<Worker> startWorker() const;
     void dropWorker();

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/FileSystem.h"
+#include "platform/decoder/CameraProperties.h"
 #include "platform/decoder/DecoderProcess.h"
 #include "platform/decoder/MediaMetadata.h"
 
@@ -21,6 +22,11 @@ public:
     // a disk that is slow to answer, where it gets up to 30 seconds. Blocks for as long. A file without metadata has
     // empty ones.
     [[nodiscard]] std::optional<MediaMetadata> readMetadata(InputFile& file, MediaKind kind);
+
+    // What the camera recorded of the image in an open file, wherever it has been read to. Nothing if the file is no
+    // image, as a video is none, or a broken one of which nothing can be read, or if the decoder could not tell, as
+    // above. An image without metadata has at most a width and a height.
+    [[nodiscard]] std::optional<CameraProperties> readProperties(InputFile& file);
 
 private:
     DecoderProcess process_;

@@ -7,6 +7,7 @@
 #include "platform/SharedMemory.h"
 #include "platform/decoder/DecoderProcess.h"
 #include "platform/decoder/GreyRaster.h"
+#include "platform/decoder/ThumbnailRaster.h"
 
 namespace vellomar {
 
@@ -27,6 +28,14 @@ public:
     // The first picture in an open HEIC or AVIF file as a JPEG file of quality 92: upright, with the colour profile,
     // without any other metadata; transparent parts are white.
     [[nodiscard]] std::optional<SharedMemory> convertToJpeg(InputFile& file);
+
+    // The first picture in an open file, upright, made so small, never larger, that its shorter side has `size` pixels;
+    // of the longer side then only the `size` pixels in the middle stay. In sRGB, where the file tells what its colours
+    // are; transparent parts are 1A1A1A. A RAW file shows the preview in it, the smallest that is large enough, and is
+    // developed only when it has none; a HEIC file likewise its thumbnail, where that is large enough. Nothing if
+    // `size` is not 1 to ThumbnailRaster::kMostSize, or the picture breaks off. It may take 10 seconds of computing and
+    // 20 in all.
+    [[nodiscard]] std::optional<ThumbnailRaster> makeThumbnail(InputFile& file, int size);
 
 private:
     DecoderProcess process_;

@@ -2,11 +2,13 @@ import QtQuick
 import QtQuick.Templates as T
 import Vellomar
 
-// A "?" that explains what it stands beside, once clicked and until it is clicked again.
+// A "?" that explains what it stands beside, once clicked and until it is clicked again. No two explanations
+// are open at a time.
 T.AbstractButton {
     id: root
 
     property string tooltip
+    property color tooltipColour: Theme.popoverText
     readonly property bool isOpen: popover.visible
 
     implicitWidth: 22
@@ -67,7 +69,12 @@ T.AbstractButton {
         padding: 12
         focus: true
         closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutsideParent
-        onClosed: root.forceActiveFocus(Qt.OtherFocusReason)
+        onAboutToShow: OpenExplanation.replaceBy(popover)
+        // Unless another one took its place.
+        onClosed: {
+            if (OpenExplanation.popover === popover)
+                root.forceActiveFocus(Qt.OtherFocusReason);
+        }
 
         background: Rectangle {
             objectName: "popover"
@@ -80,7 +87,7 @@ T.AbstractButton {
         contentItem: BodyText {
             objectName: "popoverText"
             text: root.tooltip
-            colour: Theme.popoverText
+            colour: root.tooltipColour
             focus: true
         }
     }

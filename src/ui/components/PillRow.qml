@@ -23,6 +23,7 @@ ColumnLayout {
         }
         HelpDot {
             tooltip: root.tooltip
+            tooltipColour: Theme.text
         }
     }
     Flow {

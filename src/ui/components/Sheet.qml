@@ -19,15 +19,18 @@ T.Popup {
     property color titleColour: Theme.yellow
     property string subtitle
     property color subtitleColour: Theme.bodyText
+    property int subtitleElide: Text.ElideNone  // else it keeps to one line
     property int minimumWidth: 560
     property int minimumHeight: 0
     property int bodyPadding: 24
     property int bodySpacing: 12
     property bool scrolls: true  // else the body has the height that is there, and what it holds scrolls
+    property ScrollArea keyScrolled: scrolls ? area : null  // by the keys that nothing else takes
     property bool canConfirm: true
     property Item initialFocus: closeButton
     property Item startedOn: null
     property Item returnTo: null
+    property alias headerLead: lead.data  // before the title
     property alias headerActions: actions.data
     property alias footer: footerRow.data
     property alias cover: coverItem.data  // over all the rest
@@ -100,7 +103,7 @@ T.Popup {
         Keys.onEscapePressed: root.cancelled()
         Keys.onReturnPressed: event => confirm(event)
         Keys.onEnterPressed: event => confirm(event)
-        Keys.onPressed: event => event.accepted = root.scrolls && area.scrollBy(event.key)
+        Keys.onPressed: event => event.accepted = root.keyScrolled?.scrollBy(event.key) ?? false
 
         function confirm(event: KeyEvent) {
             if (root.canConfirm && !event.isAutoRepeat)
@@ -124,6 +127,12 @@ T.Popup {
                     anchors.margins: 16
                     anchors.leftMargin: 24
                     spacing: 8
+
+                    Row {
+                        id: lead
+                        visible: children.length > 0
+                        Layout.rightMargin: 4
+                    }
 
                     ColumnLayout {
                         spacing: 4
@@ -159,6 +168,8 @@ T.Popup {
                             objectName: "sheetSubtitle"
                             text: root.subtitle
                             colour: root.subtitleColour
+                            elide: root.subtitleElide
+                            wrapMode: root.subtitleElide === Text.ElideNone ? Text.Wrap : Text.NoWrap
                             visible: text !== ""
                             Layout.fillWidth: true
                         }

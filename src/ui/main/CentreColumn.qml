@@ -40,6 +40,12 @@ ColumnLayout {
                 naming: column.content.naming
                 Layout.fillWidth: true
             }
+            FilePlanPanel {
+                plan: column.content.plan
+                planWindow: column.content.planWindow
+                run: column.content.run
+                Layout.fillWidth: true
+            }
             ActionRow {
                 run: column.content.run
                 Layout.fillWidth: true

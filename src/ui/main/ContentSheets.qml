@@ -28,6 +28,14 @@ Item {
         onUndoRequested: sheets.content.undo.undoSelected()
         onDismissed: sheets.content.undo.dismiss()
     }
+    PresetsSheet {
+        model: sheets.content.presets
+        visible: sheets.content.presets.isOpen
+    }
+    RenameRulesSheet {
+        model: sheets.content.rules
+        visible: sheets.content.rules.isOpen
+    }
     AlertSheet {
         title: qsTr("SHA-256 Hashing on Large Library?")
         message: qsTr("Hashing 50,000+ files can add 1–3 hours. Consider leaving this off for large libraries.")
@@ -44,6 +52,9 @@ Item {
         visible: sheets.content.options.isOverwriteAsked
         onConfirmed: sheets.content.options.useOverwrite()
         onCancelled: sheets.content.options.dismissOverwrite()
+    }
+    EXIFViewerSheet {
+        model: sheets.content.plan.inspector
     }
     QuitSheet {
         quit: sheets.content.quit

@@ -7,11 +7,17 @@
 #include "ui/options/HashGuard.h"
 
 namespace vellomar {
+namespace {
+
+Inspector::Surroundings inspectorOf(const ContentViewModel::Surroundings& surroundings) {
+    return {surroundings.fileFacts, surroundings.reveal, surroundings.links, surroundings.background};
+}
+
+}  // namespace
 
 ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* parent)
     : QObject(parent),
       surroundings_(surroundings),
-      presets_(surroundings.settings),
       status_(surroundings.engine.state(), surroundings.events),
       log_(surroundings.engine.state(), surroundings.events),
       folders_({surroundings.settings, surroundings.fileSystem, surroundings.chooser, surroundings.background}),
@@ -24,16 +30,19 @@ ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* pa
       naming_(surroundings.settings),
       options_(surroundings.settings,
                [this] { return mayHashForHours(run_.estimate(), !folders_.sourceList().entries().empty()); }),
+      plan_(FilePlan::Shows::allRows, surroundings.engine.state(), surroundings.events, inspectorOf(surroundings)),
+      planWindow_(surroundings.engine.state(), surroundings.events, inspectorOf(surroundings)),
+      presets_(surroundings.settings),
       dryRun_(ConfirmationModel::Run::dry),
       realRun_(ConfirmationModel::Run::real) {
     connectFolders();
     connectRun();
     connectSettings();
+    connectLists();
 }
 
 void ContentViewModel::appear() {
     presets_.loadPresets();
-    emit configChanged();
     folders_.load();
     auto options = buildOptions(surroundings_.settings);
     options.includeVideos = false;
@@ -67,8 +76,8 @@ QString ContentViewModel::lowSpace() const {
 
 QVariantList ContentViewModel::config() const {
     QVariantList sections;
-    for (const auto& section :
-         configSections(buildOptions(surroundings_.settings), presets_.presets().size(), run_.activeRules())) {
+    for (const auto& section : configSections(buildOptions(surroundings_.settings),
+                                              static_cast<std::size_t>(presets_.count()), run_.activeRules())) {
         QVariantList rows;
         for (const auto& row : section.rows)
             rows << QVariantMap{{"key", row.key}, {"value", row.value}, {"colour", row.colour}};
@@ -114,6 +123,11 @@ void ContentViewModel::connectSettings() {
     connect(&settings, &SettingsStore::cannotSaveChanged, this, &ContentViewModel::tellOfSaving);
     tellOfDamage();
     tellOfSaving();
+}
+
+void ContentViewModel::connectLists() {
+    connect(&presets_, &PresetsModel::countChanged, this, &ContentViewModel::configChanged);
+    connect(&rules_, &RenameRulesModel::changed, this, [this] { run_.setRenameRules(rules_.rules()); });
 }
 
 void ContentViewModel::tellOfDamage() {

@@ -12,11 +12,13 @@
 #include "engine/OrganizerEngine.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
-#include "settings/PresetList.h"
 #include "settings/SettingsStore.h"
 #include "ui/confirmation/ConfirmationModel.h"
 #include "ui/desktop/BackgroundWork.h"
 #include "ui/desktop/FileChooser.h"
+#include "ui/desktop/FileReveal.h"
+#include "ui/desktop/LinkOpener.h"
+#include "ui/inspector/FileFacts.h"
 #include "ui/main/Banner.h"
 #include "ui/main/EngineEvents.h"
 #include "ui/main/Exports.h"
@@ -28,6 +30,10 @@
 #include "ui/main/RunStatus.h"
 #include "ui/options/NamingChoice.h"
 #include "ui/options/OptionsPanelModel.h"
+#include "ui/plan/FilePlan.h"
+#include "ui/plan/PlanWindow.h"
+#include "ui/presets/PresetsModel.h"
+#include "ui/rules/RenameRulesModel.h"
 #include "ui/undo/UndoFlow.h"
 
 namespace vellomar {
@@ -50,6 +56,10 @@ class ContentViewModel final : public QObject {
     Q_PROPERTY(vellomar::ConfirmationModel* realRun READ realRun CONSTANT)
     Q_PROPERTY(vellomar::NamingChoice* naming READ naming CONSTANT)
     Q_PROPERTY(vellomar::OptionsPanelModel* options READ options CONSTANT)
+    Q_PROPERTY(vellomar::FilePlan* plan READ plan CONSTANT)
+    Q_PROPERTY(vellomar::PlanWindow* planWindow READ planWindow CONSTANT)
+    Q_PROPERTY(vellomar::PresetsModel* presets READ presets CONSTANT)
+    Q_PROPERTY(vellomar::RenameRulesModel* rules READ rules CONSTANT)
     Q_PROPERTY(QVariantList config READ config NOTIFY configChanged)
     Q_PROPERTY(bool hasBanner READ hasBanner NOTIFY bannerChanged)
     Q_PROPERTY(QString bannerSymbol READ bannerSymbol NOTIFY bannerChanged)
@@ -69,6 +79,9 @@ public:
         const Clock& clock;
         const ExifUtils::ExifTool& exifTool;
         FileChooser& chooser;
+        FileFactsReader& fileFacts;
+        FileReveal& reveal;
+        LinkOpener& links;
         BackgroundWork& background;
     };
 
@@ -88,6 +101,12 @@ public:
 
     [[nodiscard]] NamingChoice* naming() { return &naming_; }
     [[nodiscard]] OptionsPanelModel* options() { return &options_; }
+    // The plan as the main window shows it, and the window of its own.
+    [[nodiscard]] FilePlan* plan() { return &plan_; }
+    [[nodiscard]] PlanWindow* planWindow() { return &planWindow_; }
+
+    [[nodiscard]] PresetsModel* presets() { return &presets_; }
+    [[nodiscard]] RenameRulesModel* rules() { return &rules_; }
 
     // The settings at a glance: sections, each a map of "heading" and "rows", of which each is one of "key", "value"
     // and "colour".
@@ -120,6 +139,7 @@ private:
     void connectFolders();
     void connectRun();
     void connectSettings();
+    void connectLists();
     void tellOfDamage();
     void tellOfSaving();
     void lookForExifTool();
@@ -128,7 +148,6 @@ private:
     [[nodiscard]] std::optional<Banner> banner() const;
 
     Surroundings surroundings_;
-    PresetList presets_;
     RunStatus status_;
     LogModel log_;
     Folders folders_;
@@ -139,6 +158,10 @@ private:
     Notices notices_;
     NamingChoice naming_;
     OptionsPanelModel options_;
+    FilePlan plan_;
+    PlanWindow planWindow_;
+    PresetsModel presets_;
+    RenameRulesModel rules_;
     ConfirmationModel dryRun_;
     ConfirmationModel realRun_;
     bool lacksExifTool_ = false;

@@ -43,6 +43,7 @@ Item {
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: count > 0
         keyNavigationEnabled: false
+        currentIndex: -1  // no line, the list itself has the focus
         Accessible.role: Accessible.List
         Accessible.name: qsTr("ACTIVITY LOG")
         Keys.onUpPressed: scrollTo(contentY - 40)

@@ -7,6 +7,10 @@ ApplicationWindow {
     id: window
 
     required property ContentViewModel content
+    // As a mere child it would lie over this one for good.
+    readonly property FilePlanWindow planWindow: FilePlanWindow {
+        flow: window.content.planWindow
+    }
 
     title: "Vellomar Organizer"
     width: Math.min(1280, Math.max(minimumWidth, Screen.desktopAvailableWidth))
@@ -17,7 +21,12 @@ ApplicationWindow {
     palette.window: Theme.windowBackground
     palette.windowText: Theme.text
 
-    onClosing: event => event.accepted = window.content.quit.mayClose()
+    onClosing: event => {
+        event.accepted = window.content.quit.mayClose();
+        // The program ends with its last window.
+        if (event.accepted)
+            window.content.planWindow.close();
+    }
 
     Shortcut {
         sequence: "Ctrl+R"

@@ -27,13 +27,27 @@ Rectangle {
                 width: parent.width
                 spacing: 16
 
-                ToolRow {
-                    content: column.content
+                ColumnLayout {
+                    spacing: 8
                     Layout.fillWidth: true
+
+                    ToolRow {
+                        content: column.content
+                        Layout.fillWidth: true
+                    }
+                    SetupTools {
+                        content: column.content
+                        Layout.fillWidth: true
+                    }
                 }
                 OptionsPanel {
                     options: column.content.options
                     Layout.fillWidth: true
+
+                    tools: SetupTools {
+                        width: parent.width
+                        content: column.content
+                    }
                 }
             }
         }

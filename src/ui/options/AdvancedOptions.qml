@@ -7,6 +7,7 @@ ColumnLayout {
     id: tab
 
     required property OptionsPanelModel options
+    property alias tools: toolSlot.data
 
     spacing: 8
 
@@ -38,6 +39,19 @@ ColumnLayout {
         options: tab.options
         rows: tab.options.files
         showsSections: false
+        Layout.fillWidth: true
+    }
+    Rectangle {
+        objectName: "toolDivider"
+        implicitHeight: 1
+        color: Theme.hairline
+        Layout.topMargin: 4
+        Layout.bottomMargin: 4
+        Layout.fillWidth: true
+    }
+    Item {
+        id: toolSlot
+        implicitHeight: childrenRect.height
         Layout.fillWidth: true
     }
 }

@@ -5,4 +5,15 @@ import Vellomar
 Pill {
     radius: 3
     implicitHeight: 28
+
+    Behavior on fill {
+        ColorAnimation {
+            duration: 150
+        }
+    }
+    Behavior on colour {
+        ColorAnimation {
+            duration: 150
+        }
+    }
 }

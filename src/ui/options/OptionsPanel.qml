@@ -7,6 +7,7 @@ ColumnLayout {
     id: panel
 
     required property OptionsPanelModel options
+    property alias tools: advanced.tools  // below the advanced options
 
     spacing: 8
 
@@ -41,6 +42,7 @@ ColumnLayout {
         Layout.fillWidth: true
     }
     AdvancedOptions {
+        id: advanced
         options: panel.options
         visible: panel.options.showsAdvanced
         Layout.fillWidth: true

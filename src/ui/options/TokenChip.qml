@@ -17,13 +17,15 @@ ActionButton {
     colour: Theme.yellow
     fill: Theme.yellowTint
     hoverFill: Theme.edge
-    Drag.active: drag.active
     Drag.dragType: Drag.Automatic
     Drag.supportedActions: Qt.CopyAction
     Drag.mimeData: ({"text/plain": chip.token})
+    // What is seen under the mouse while it is dragged.
+    onPressed: grabToImage(picture => chip.Drag.imageSource = picture.url)
 
     DragHandler {
-        id: drag
         target: null
+        // No binding: the drag goes on inside this very change until it ends.
+        onActiveChanged: chip.Drag.active = active
     }
 }

@@ -35,6 +35,7 @@ class Theme : public QObject {
     Q_PROPERTY(QColor dimmerTertiaryText MEMBER dimmerTertiaryText CONSTANT)
     Q_PROPERTY(QColor faintText MEMBER faintText CONSTANT)
     Q_PROPERTY(QColor offText MEMBER offText CONSTANT)
+    Q_PROPERTY(QColor disabledText MEMBER disabledText CONSTANT)
     Q_PROPERTY(QColor success MEMBER success CONSTANT)
     Q_PROPERTY(QColor logAmber MEMBER logAmber CONSTANT)
     Q_PROPERTY(QColor logRed MEMBER logRed CONSTANT)
@@ -45,6 +46,7 @@ class Theme : public QObject {
     Q_PROPERTY(QColor alertOrange MEMBER alertOrange CONSTANT)
     Q_PROPERTY(QColor duplicateOrange MEMBER duplicateOrange CONSTANT)
     Q_PROPERTY(QColor duplicateBadge MEMBER duplicateBadge CONSTANT)
+    Q_PROPERTY(QColor duplicateRow MEMBER duplicateRow CONSTANT)
     Q_PROPERTY(QColor warningText MEMBER warningText CONSTANT)
     Q_PROPERTY(QColor cameraBar MEMBER cameraBar CONSTANT)
     Q_PROPERTY(QColor brightPanel MEMBER brightPanel CONSTANT)
@@ -84,6 +86,7 @@ public:
     const QColor dimmerTertiaryText = hex("555550");
     const QColor faintText = hex("444440");
     const QColor offText = hex("666660");
+    const QColor disabledText = hex("505050");
     const QColor success = hex("3D8B5E");
     const QColor logAmber = hex("B8870A");
     const QColor logRed = hex("C0392B");
@@ -94,6 +97,7 @@ public:
     const QColor alertOrange = hex("FF8C00");
     const QColor duplicateOrange = hex("FF8C42");
     const QColor duplicateBadge = hex("2A1500");
+    const QColor duplicateRow = hex("1A0E00");
     const QColor warningText = hex("C8A060");
     const QColor cameraBar = hex("5B9BD5");
     const QColor brightPanel = hex("1C1C1C");

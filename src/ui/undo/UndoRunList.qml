@@ -2,18 +2,12 @@ import QtQuick
 import Vellomar
 
 // The runs. Up and down move the selection, as does a click.
-ListView {
+ScrollList {
     id: root
 
     activeFocusOnTab: true
-    boundsBehavior: Flickable.StopAtBounds
-    clip: true
-    reuseItems: true
-    keyNavigationEnabled: false
     currentIndex: model.selectedRow
-    highlightMoveDuration: 0
     onHeightChanged: positionViewAtIndex(currentIndex, ListView.Contain)
-    Accessible.role: Accessible.List
     Accessible.name: qsTr("UNDO A RUN")
     Keys.onUpPressed: model.selectPrevious()
     Keys.onDownPressed: model.selectNext()
@@ -33,14 +27,5 @@ ListView {
         radius: 0
         border.width: 1
         shown: root.activeFocus && root.currentIndex < 0
-    }
-
-    ScrollTrack {
-        parent: root
-        anchors.top: parent.top
-        anchors.bottom: parent.bottom
-        anchors.right: parent.right
-        anchors.rightMargin: 4
-        flickable: root
     }
 }

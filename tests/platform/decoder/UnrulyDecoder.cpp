@@ -3,6 +3,7 @@
 //   crash, exit, compute, sleep, stop, eat, throw     what it sounds like
 //   babble       answers, but with bytes that are no answer
 //   threads      computes for a second, in another thread than the first
+//   large, missing  answers with a thumbnail larger than asked for, or without its pixels
 //   anything     is what the file answers as its date
 #include <array>
 #include <chrono>
@@ -18,6 +19,7 @@
 
 #include <unistd.h>
 
+#include "platform/decoder/CameraPropertyMessages.h"
 #include "platform/decoder/DecoderSocket.h"
 #include "platform/decoder/MetadataMessages.h"
 #include "platform/decoder/PixelMessages.h"
@@ -82,6 +84,14 @@ MessageBytes metadata(const RequestedFile& file) {
     return metadataAnswer(behaveAs(wordIn(file)));
 }
 
+// The word is the camera.
+MessageBytes cameraProperties(const RequestedFile& file) {
+    static_cast<void>(behaveAs(wordIn(file)));
+    CameraProperties properties;
+    properties.cameraModel = wordIn(file);
+    return cameraPropertiesAnswer(properties);
+}
+
 // The word's first letter is the colour of the whole raster.
 MessageBytes raster(const RequestedFile& file) {
     static_cast<void>(behaveAs(wordIn(file)));
@@ -99,13 +109,24 @@ MessageBytes picture(const RequestedFile& file) {
     return pictureWrittenAnswer();
 }
 
+// One dark pixel.
+MessageBytes thumbnail(const RequestedFile& file) {
+    const auto word = wordIn(file);
+    static_cast<void>(behaveAs(word));
+    const std::vector<std::uint8_t> samples(word == "large" ? 3 * static_cast<std::size_t>(file.size + 1) : 3);
+    if (word != "missing") static_cast<void>(::write(file.output, samples.data(), samples.size()));
+    return thumbnailAnswer(word == "large" ? file.size + 1 : 1, 1);
+}
+
 constexpr std::size_t kMostMemory = std::size_t{1} << 30U;
 
 RequestHandlers handlers() {
     using namespace std::chrono_literals;
     return {{DecoderRequest::imageMetadata, {700ms, metadata}},
+            {DecoderRequest::cameraProperties, {700ms, cameraProperties}},
             {DecoderRequest::greyRaster, {2s, raster}},
-            {DecoderRequest::jpeg, {2s, picture}}};
+            {DecoderRequest::jpeg, {2s, picture}},
+            {DecoderRequest::thumbnail, {2s, thumbnail}}};
 }
 
 }  // namespace

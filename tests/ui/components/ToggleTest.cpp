@@ -176,5 +176,42 @@ TEST(HelpDot, IsClosedByEscapeAndKeepsTheFocus) {
     EXPECT_NE(window.accessible(QAccessible::Button, "Why"), nullptr);
 }
 
+TEST(HelpDot, OneExplanationIsOpenAtATime) {
+    QmlWindow window;
+    window.show(R"(Item {
+        HelpDot { objectName: "first"; tooltip: "One" }
+        HelpDot { objectName: "second"; tooltip: "Two"; x: 400 }
+        TextInput { objectName: "field"; y: 400; width: 100; height: 20; activeFocusOnTab: true }
+    })");
+    const auto isOpen = [&](const char* dot) { return window.itemNamed(dot).property("isOpen").toBool(); };
+    // As a screen reader does it, without going there first.
+    for (const char* const name : {"One", "Two"})
+        window.accessible(QAccessible::Button, name)->actionInterface()->doAction("Press");
+    window.settle();
+    EXPECT_FALSE(isOpen("first"));
+    EXPECT_TRUE(isOpen("second"));
+    window.click(window.itemNamed("first"));
+    EXPECT_TRUE(isOpen("first"));
+    EXPECT_FALSE(isOpen("second"));
+    window.click(window.itemNamed("second"));
+    EXPECT_FALSE(isOpen("first"));
+    window.click(window.itemNamed("field"));
+    EXPECT_FALSE(isOpen("second"));
+}
+
+TEST(HelpDot, ItsExplanationIsNeverCutOffByTheWindowOrAPanel) {
+    QmlWindow window({900, 600});
+    window.show(R"(Item {
+        Item { clip: true; width: 60; height: 30; x: 840; y: 570; HelpDot { objectName: "help"; tooltip: "Why? ".repeat(40) } }
+    })");
+    window.click(window.itemNamed("help"));
+    const auto place = placeOf(window.itemNamed("popover"));
+    EXPECT_TRUE(QRectF(0, 0, 900, 600).contains(place));
+    EXPECT_GT(place.height(), 80);
+    for (const QQuickItem* around = window.itemNamed("popover").parentItem(); around != nullptr;
+         around = around->parentItem())
+        EXPECT_FALSE(around->clip());
+}
+
 }  // namespace
 }  // namespace vellomar

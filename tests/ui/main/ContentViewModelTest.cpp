@@ -6,9 +6,12 @@
 
 #include "settings/SettingsFile.h"
 #include "settings/SettingsKeys.h"
+#include "support/DecoderProgram.h"
 #include "ui/LiveEngine.h"
 #include "ui/QtPrinters.h"
 #include "ui/ScriptedFileChooser.h"
+#include "ui/desktop/RecordingDesktop.h"
+#include "ui/inspector/DecodedFileFacts.h"
 #include "ui/main/ContentViewModel.h"
 #include "ui/theme/Theme.h"
 
@@ -35,8 +38,9 @@ class ContentViewModelTest : public ::testing::Test {
 protected:
     // What is in `settings` counts when the content is made.
     void makeContent() {
-        content = std::make_unique<ContentViewModel>(ContentViewModel::Surroundings{
-            *engine, engine.events(), *settings, fileSystem, clock, exifTool, chooser, background});
+        content = std::make_unique<ContentViewModel>(
+            ContentViewModel::Surroundings{*engine, engine.events(), *settings, fileSystem, clock, exifTool, chooser,
+                                           fileFacts, reveal, links, background});
         content->appear();
     }
 
@@ -54,6 +58,9 @@ protected:
     std::unique_ptr<SettingsStore> settings = file.open();
     ScriptedFileChooser chooser;
     LiveEngine engine;
+    DecodedFileFacts fileFacts{fileSystem, testing::decoderProgram()};
+    testing::RecordingReveal reveal;
+    testing::RecordingLinks links;
     BackgroundWork background;
     std::unique_ptr<ContentViewModel> content;
 };

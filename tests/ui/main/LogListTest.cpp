@@ -57,6 +57,12 @@ TEST_F(LogListTest, FollowsItsEnd) {
     EXPECT_TRUE(comesToItsEnd());
 }
 
+TEST_F(LogListTest, IsReadOutByItsNameWhenItGetsTheFocus) {
+    append(10);
+    window.press(Qt::Key_Tab);
+    EXPECT_EQ(window.focusedName(), "ACTIVITY LOG");
+}
+
 TEST_F(LogListTest, SlidesToItsEndByAPageAtMost) {
     append(100);
     ASSERT_TRUE(comesToItsEnd());

@@ -12,7 +12,7 @@
 namespace vellomar {
 namespace {
 
-struct Expected {
+struct ExpectedRow {
     const char* section;
     const char* label;
     const char* subLabel;
@@ -22,57 +22,60 @@ struct Expected {
 };
 
 constexpr std::array kBasic = {
-    Expected{"Files", "Fuzzy month names", "Match 'Jan', 'January' etc.",
-             "Vellomar can recognise folder names like 'Jan', 'January', 'Enero' as month indicators when reading "
-             "folder-based dates.",
-             "opt_parseMonthWords", true},
-    Expected{"Files", "ExifTool for images", "More accurate EXIF dates",
-             "Uses ExifTool (brew install exiftool) for reading EXIF data. Unlocks HEIC conversion, GPS stripping, and "
-             "date correction.",
-             "opt_useExifImages", true},
-    Expected{"Files", "Check for duplicates", "Detect before sort",
-             "Scans for SHA-256 exact duplicates and perceptual near-duplicates before running. Duplicates can be "
-             "logged, skipped, or moved to a _Duplicates folder.",
-             "opt_computeHash", true},
-    Expected{"Conversion", "Convert HEIC → JPEG", "Requires ExifTool",
-             "Automatically converts HEIC/HEIF files to 92% quality JPEG after sorting. Requires ExifTool to be "
-             "installed.",
-             "opt_convertHEIC", false},
-    Expected{"Conversion", "Copy .xmp sidecars", "RAW sidecar files",
-             "XMP sidecar files follow their parent RAW file to the same destination folder automatically.",
-             "opt_moveSidecars", true},
-    Expected{"Privacy", "Strip GPS from copies", "Remove location data",
-             "Removes GPS latitude, longitude, altitude, and timestamp from copied files. Originals are not modified.",
-             "opt_stripGPS", false},
-    Expected{"Privacy", "Strip all metadata", "Remove all EXIF/IPTC/XMP",
-             "Wipes all EXIF, IPTC, and XMP metadata from copies. Use this before sharing photos publicly.",
-             "opt_stripAllMeta", false},
+    ExpectedRow{"Files", "Fuzzy month names", "Match 'Jan', 'January' etc.",
+                "Vellomar can recognise folder names like 'Jan', 'January', 'Enero' as month indicators when reading "
+                "folder-based dates.",
+                "opt_parseMonthWords", true},
+    ExpectedRow{
+        "Files", "ExifTool for images", "More accurate EXIF dates",
+        "Uses ExifTool (brew install exiftool) for reading EXIF data. Unlocks HEIC conversion, GPS stripping, and "
+        "date correction.",
+        "opt_useExifImages", true},
+    ExpectedRow{"Files", "Check for duplicates", "Detect before sort",
+                "Scans for SHA-256 exact duplicates and perceptual near-duplicates before running. Duplicates can be "
+                "logged, skipped, or moved to a _Duplicates folder.",
+                "opt_computeHash", true},
+    ExpectedRow{"Conversion", "Convert HEIC → JPEG", "Requires ExifTool",
+                "Automatically converts HEIC/HEIF files to 92% quality JPEG after sorting. Requires ExifTool to be "
+                "installed.",
+                "opt_convertHEIC", false},
+    ExpectedRow{"Conversion", "Copy .xmp sidecars", "RAW sidecar files",
+                "XMP sidecar files follow their parent RAW file to the same destination folder automatically.",
+                "opt_moveSidecars", true},
+    ExpectedRow{
+        "Privacy", "Strip GPS from copies", "Remove location data",
+        "Removes GPS latitude, longitude, altitude, and timestamp from copied files. Originals are not modified.",
+        "opt_stripGPS", false},
+    ExpectedRow{"Privacy", "Strip all metadata", "Remove all EXIF/IPTC/XMP",
+                "Wipes all EXIF, IPTC, and XMP metadata from copies. Use this before sharing photos publicly.",
+                "opt_stripAllMeta", false},
 };
 
 constexpr std::array kAdvanced = {
-    Expected{"Near-duplicates", "Near-duplicate (pHash)", "Visual similarity detection",
-             "Perceptual hash comparison finds photos that look nearly identical even if the file bytes differ "
-             "(different compression, slight crop).",
-             "opt_pHash", false},
-    Expected{"Sync", "Sync FI dates to EXIF", "Filesystem → EXIF",
-             "When no EXIF date exists, writes the filesystem modification date into the EXIF DateTimeOriginal field. "
-             "Requires ExifTool.",
-             "opt_syncFSDates", false},
-    Expected{"Sync", "Resume interrupted run", "Skip already-copied files",
-             "If a previous run was interrupted, Vellomar skips files that were already successfully copied to the "
-             "destination.",
-             "opt_resume", false},
-    Expected{"Storage", "NAS storage mode", "Optimised for network volumes",
-             "Uses optimised batch reading for SMB/NFS network attached storage. Reduces timeout errors on slow "
-             "network volumes.",
-             "opt_storageIsNAS", false},
-    Expected{"Files", "Move originals when reliable", "",
-             "When a strong date source is found (EXIF, filename), the original is moved instead of copied.",
-             "opt_moveOriginals", false},
-    Expected{"Files", "Keep RAW + JPEG pairs", "",
-             "Detects RAW+JPEG pairs and puts both in the same destination folder.", "opt_keepRawJpeg", true},
-    Expected{"Files", "Verify copy integrity", "",
-             "After each copy, compares SHA-256 hashes to confirm a bit-perfect copy.", "opt_verifyAfterCopy", true},
+    ExpectedRow{"Near-duplicates", "Near-duplicate (pHash)", "Visual similarity detection",
+                "Perceptual hash comparison finds photos that look nearly identical even if the file bytes differ "
+                "(different compression, slight crop).",
+                "opt_pHash", false},
+    ExpectedRow{
+        "Sync", "Sync FI dates to EXIF", "Filesystem → EXIF",
+        "When no EXIF date exists, writes the filesystem modification date into the EXIF DateTimeOriginal field. "
+        "Requires ExifTool.",
+        "opt_syncFSDates", false},
+    ExpectedRow{"Sync", "Resume interrupted run", "Skip already-copied files",
+                "If a previous run was interrupted, Vellomar skips files that were already successfully copied to the "
+                "destination.",
+                "opt_resume", false},
+    ExpectedRow{"Storage", "NAS storage mode", "Optimised for network volumes",
+                "Uses optimised batch reading for SMB/NFS network attached storage. Reduces timeout errors on slow "
+                "network volumes.",
+                "opt_storageIsNAS", false},
+    ExpectedRow{"Files", "Move originals when reliable", "",
+                "When a strong date source is found (EXIF, filename), the original is moved instead of copied.",
+                "opt_moveOriginals", false},
+    ExpectedRow{"Files", "Keep RAW + JPEG pairs", "",
+                "Detects RAW+JPEG pairs and puts both in the same destination folder.", "opt_keepRawJpeg", true},
+    ExpectedRow{"Files", "Verify copy integrity", "",
+                "After each copy, compares SHA-256 hashes to confirm a bit-perfect copy.", "opt_verifyAfterCopy", true},
 };
 
 // A row as it is shown.
@@ -106,7 +109,7 @@ std::vector<Shown> shownRows(const OptionRowsModel& model) {
     return rows;
 }
 
-std::vector<Shown> expectedRows(std::span<const Expected> expected) {
+std::vector<Shown> expectedRows(std::span<const ExpectedRow> expected) {
     std::vector<Shown> rows;
     for (const auto& row : expected)
         rows.push_back({row.section, row.label, row.subLabel, row.tooltip, row.key,

@@ -32,7 +32,7 @@ MessageBytes answerBy(const RequestHandler& handler, DecoderRequest request, con
     try {
         const MappedFile file(message.descriptors[0].get());
         const int output = message.descriptors.size() > 1 ? message.descriptors[1].get() : -1;
-        return handler.answer({request, file.bytes(), output});
+        return handler.answer({request, file.bytes(), output, thumbnailSizeFromMessage(message.bytes)});
     } catch (const std::exception&) {
         return noValueAnswer();
     }

@@ -15,6 +15,7 @@ struct RequestedFile {
     DecoderRequest request;
     std::span<const std::byte> content;
     int output = -1;  // open file to write to; negative when none came with the request
+    int size = 0;     // of the thumbnail that is asked for; 0 for other requests
 };
 
 // What answers requests of one kind.

@@ -7,10 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include <unistd.h>
-
-#include "platform/Uninterrupted.h"
 #include "platform/decoder/worker/HeifFile.h"
+#include "platform/decoder/worker/pixels/PictureOutput.h"
 #include "platform/decoder/worker/pixels/VipsImage.h"
 
 namespace vellomar {
@@ -112,15 +110,6 @@ std::vector<std::byte> segmentsOf(Bytes profile) {
 // What begins a file of the usual kind: start of image, then that it is JFIF, version 1.02, without a density.
 constexpr std::array<std::uint8_t, 20> kBeginning = {0xff, 0xd8, 0xff, 0xe0, 0, 16, 'J', 'F', 'I', 'F',
                                                      0,    1,    2,    0,    0, 1,  0,   1,   0,   0};
-
-bool writeAll(int output, Bytes bytes) {
-    while (!bytes.empty()) {
-        const auto written = uninterrupted([&] { return ::write(output, bytes.data(), bytes.size()); });
-        if (written <= 0) return false;
-        bytes = bytes.subspan(static_cast<std::size_t>(written));
-    }
-    return true;
-}
 
 }  // namespace
 

@@ -1,57 +1,18 @@
 #include "platform/decoder/worker/pixels/RawRaster.h"
 
-#include <algorithm>
-#include <bit>
 #include <memory>
 #include <vector>
-
-#include <libraw/libraw.h>
 
 #include "platform/decoder/worker/pixels/AreaAverage.h"
 #include "platform/decoder/worker/pixels/EmbeddedPreviews.h"
 #include "platform/decoder/worker/pixels/GreyRow.h"
 #include "platform/decoder/worker/pixels/JpegRaster.h"
 #include "platform/decoder/worker/pixels/PictureFormat.h"
+#include "platform/decoder/worker/pixels/RawFile.h"
 #include "platform/decoder/worker/pixels/VipsRaster.h"
 
 namespace vellomar {
 namespace {
-
-struct FreeImage {
-    void operator()(libraw_processed_image_t* image) const { LibRaw::dcraw_clear_mem(image); }
-};
-using ProcessedImage = std::unique_ptr<libraw_processed_image_t, FreeImage>;
-
-// The file as the library reads it. The library takes what lies beyond the end of a file that breaks off for zeros, and
-// would make a black picture of them without a word.
-class RawBytes : public LibRaw_buffer_datastream {
-public:
-    // The library reads what it is given and never writes to it, though it does not say so.
-    explicit RawBytes(std::span<const std::byte> file)
-        : LibRaw_buffer_datastream(std::bit_cast<void*>(file.data()), file.size()) {}
-
-    int read(void* buffer, std::size_t size, std::size_t count) override {
-        const int got = LibRaw_buffer_datastream::read(buffer, size, count);
-        const auto bytes = static_cast<std::size_t>(std::max(got, 0)) * size;
-        missing_ += size * count - std::min(bytes, size * count);
-        return got;
-    }
-
-    int get_char() override {
-        const int character = LibRaw_buffer_datastream::get_char();
-        if (character < 0) ++missing_;
-        return character;
-    }
-
-    // Readers of packed bits look ahead a little, also at the end of a good file.
-    [[nodiscard]] bool wereCutShort() const {
-        constexpr std::size_t kLookAhead = 4096;
-        return missing_ > kLookAhead;
-    }
-
-private:
-    std::size_t missing_ = 0;
-};
 
 // Halves of the size, each pixel from one group of the sensor's: averaged over large areas that is what full size
 // gives, at a fraction of the time. No correction that depends on the whole picture.
@@ -62,11 +23,6 @@ void prepare(LibRaw& raw) {
     parameters.no_auto_bright = 1;
     parameters.use_camera_wb = 1;
     parameters.output_bps = 8;
-}
-
-bool hasDecodableSize(const LibRaw& raw) {
-    const auto& sizes = raw.imgdata.sizes;
-    return isDecodableSize(sizes.raw_width, sizes.raw_height);
 }
 
 std::optional<GreyRaster> rasterOfPixels(const libraw_processed_image_t& image) {
@@ -83,12 +39,8 @@ std::optional<GreyRaster> rasterOfPixels(const libraw_processed_image_t& image) 
     return average->raster();
 }
 
-bool hasAllPixels(LibRaw& raw, const RawBytes& bytes) {
-    return hasDecodableSize(raw) && raw.unpack() == LIBRAW_SUCCESS && raw.error_count() == 0 && !bytes.wereCutShort();
-}
-
 std::optional<GreyRaster> developedRaster(LibRaw& raw, const RawBytes& bytes) {
-    if (!hasAllPixels(raw, bytes) || raw.dcraw_process() != LIBRAW_SUCCESS) return std::nullopt;
+    if (!unpackAllPixels(raw, bytes) || raw.dcraw_process() != LIBRAW_SUCCESS) return std::nullopt;
     int failure = LIBRAW_SUCCESS;
     const ProcessedImage image(raw.dcraw_make_mem_image(&failure));
     return image ? rasterOfPixels(*image) : std::nullopt;

@@ -1,0 +1,39 @@
+import QtQuick
+import Vellomar
+
+// The plan's rows. The arrow keys move through them, Return inspects one, as does a click.
+ScrollList {
+    id: list
+
+    property PlanColumns columns: null
+
+    signal inspected(row: int)
+
+    activeFocusOnTab: count > 0
+    keyNavigationEnabled: true
+    cacheBuffer: 0
+    Accessible.name: qsTr("FILE PLAN PREVIEW")
+    Keys.onReturnPressed: inspectCurrent()
+    Keys.onEnterPressed: inspectCurrent()
+    Keys.onPressed: event => event.accepted = moveBy(event.key)
+
+    function inspectCurrent() {
+        if (currentIndex >= 0)
+            inspected(currentIndex);
+    }
+
+    // Whether the key is one that moves further than to the next row.
+    function moveBy(key: int): bool {
+        const page = Math.max(1, Math.floor(height / 60));
+        const step = ({
+            [Qt.Key_PageUp]: -page,
+            [Qt.Key_PageDown]: page,
+            [Qt.Key_Home]: -count,
+            [Qt.Key_End]: count
+        })[key];
+        if (step === undefined || count === 0)
+            return false;
+        currentIndex = Math.max(0, Math.min(count - 1, currentIndex + step));
+        return true;
+    }
+}
