@@ -21,7 +21,8 @@ FileType fileTypeFrom(unsigned mode) {
 
 }  // namespace
 
-const unsigned kStatusMask = STATX_TYPE | STATX_SIZE | STATX_INO | STATX_MTIME | STATX_BTIME;
+const unsigned kStatusMask =
+    STATX_TYPE | STATX_NLINK | STATX_SIZE | STATX_INO | STATX_MTIME | STATX_CTIME | STATX_BTIME;
 
 FileStatus fileStatusFrom(const struct statx& kernelStatus) {
     constexpr int kDeviceMajorShift = 32;
@@ -31,7 +32,9 @@ FileStatus fileStatusFrom(const struct statx& kernelStatus) {
     status.identity.device =
         (std::uint64_t{kernelStatus.stx_dev_major} << kDeviceMajorShift) | kernelStatus.stx_dev_minor;
     status.identity.inode = kernelStatus.stx_ino;
+    status.links = kernelStatus.stx_nlink;
     status.modified = instantFrom(kernelStatus.stx_mtime);
+    status.statusChanged = instantFrom(kernelStatus.stx_ctime);
     if ((kernelStatus.stx_mask & STATX_BTIME) != 0) status.created = instantFrom(kernelStatus.stx_btime);
     return status;
 }

@@ -34,7 +34,9 @@ struct FileStatus {
     FileType type = FileType::other;
     std::int64_t size = 0;  // bytes
     FileIdentity identity;
+    std::uint32_t links = 1;  // names that lead to it
     Instant modified;
+    Instant statusChanged;           // when it was last written to, named, or changed in any other way
     std::optional<Instant> created;  // where the file system keeps a birth time
 };
 

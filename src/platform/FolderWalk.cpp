@@ -12,20 +12,22 @@ std::string FolderWalk::Entry::path() const {
 }
 
 FolderWalk::FolderWalk(FileSystem& fileSystem, std::string path, std::unique_ptr<Directory> directory,
-                       std::shared_ptr<const Lineage> lineage, std::stop_token stop)
+                       std::shared_ptr<const Lineage> lineage, std::stop_token stop, HiddenNames hidden)
     : fileSystem_(fileSystem),
       path_(std::move(path)),
       directory_(std::move(directory)),
       lineage_(std::move(lineage)),
-      stop_(std::move(stop)) {}
+      stop_(std::move(stop)),
+      hidden_(hidden) {}
 
-Expected<FolderWalk> FolderWalk::open(FileSystem& fileSystem, const std::string& folder, std::stop_token stop) {
+Expected<FolderWalk> FolderWalk::open(FileSystem& fileSystem, const std::string& folder, std::stop_token stop,
+                                      HiddenNames hidden) {
     auto directory = fileSystem.openDirectory(folder, true);
     if (!directory) return tl::unexpected(directory.error());
     const auto identity = (*directory)->identity();
     if (!identity) return tl::unexpected(identity.error());
     auto lineage = std::make_shared<const Lineage>(Lineage{*identity, nullptr});
-    return FolderWalk(fileSystem, folder, std::move(*directory), std::move(lineage), std::move(stop));
+    return FolderWalk(fileSystem, folder, std::move(*directory), std::move(lineage), std::move(stop), hidden);
 }
 
 std::optional<FolderWalk::Entry> FolderWalk::next() {
@@ -33,7 +35,7 @@ std::optional<FolderWalk::Entry> FolderWalk::next() {
         while (!stop_.stop_requested()) {
             const auto entry = directory_->next();
             if (!entry || !*entry) break;
-            if ((*entry)->name[0] == '.') continue;
+            if (hidden_ == HiddenNames::passedOver && (*entry)->name[0] == '.') continue;
             const auto type = typeOf(**entry);
             if (!type) continue;
             if (*type == FileType::directory) found_.push_back({joinPath(path_, (*entry)->name), lineage_});

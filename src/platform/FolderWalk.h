@@ -11,11 +11,14 @@
 
 namespace vellomar {
 
-// Goes through all that lies below one folder, entry by entry. Names that begin with a dot are passed over, folders of
-// such names with all in them; symlinks are told but never followed; a folder that holds itself is entered once. An
-// error below the top passes in silence: what cannot be listed or looked at is left out. A folder's files come before
-// what lies in its subfolders; otherwise the order is the file system's. Holds one open folder, and the names of the
-// folders still to be entered.
+// Names that begin with a dot.
+enum class HiddenNames { passedOver, included };
+
+// Goes through all that lies below one folder, entry by entry. Hidden names are passed over unless they are asked for,
+// folders of such names with all in them; symlinks are told but never followed; a folder that holds itself is entered
+// once. An error below the top passes in silence: what cannot be listed or looked at is left out. A folder's files come
+// before what lies in its subfolders; otherwise the order is the file system's. Holds one open folder, and the names of
+// the folders still to be entered.
 class FolderWalk {
 public:
     struct Entry {
@@ -29,7 +32,8 @@ public:
     // Fails if `folder` is none that can be listed. A symlink to one will do. The walk ends behind the call to the
     // disk that is under way when it is asked to stop.
     [[nodiscard]] static Expected<FolderWalk> open(FileSystem& fileSystem, const std::string& folder,
-                                                   std::stop_token stop = {});
+                                                   std::stop_token stop = {},
+                                                   HiddenNames hidden = HiddenNames::passedOver);
 
     // Nothing at the end.
     [[nodiscard]] std::optional<Entry> next();
@@ -49,7 +53,7 @@ private:
     };
 
     FolderWalk(FileSystem& fileSystem, std::string path, std::unique_ptr<Directory> directory,
-               std::shared_ptr<const Lineage> lineage, std::stop_token stop);
+               std::shared_ptr<const Lineage> lineage, std::stop_token stop, HiddenNames hidden);
 
     // False when no folder is left.
     [[nodiscard]] bool enterNextFolder();
@@ -61,6 +65,7 @@ private:
     std::unique_ptr<Directory> directory_;
     std::shared_ptr<const Lineage> lineage_;
     std::stop_token stop_;
+    HiddenNames hidden_;
     std::vector<Pending> found_;    // subfolders of the folder under way, in its order
     std::vector<Pending> pending_;  // to be entered, the next one last
 };

@@ -23,4 +23,7 @@ void addLookOps(Ops& ops);    // looks before a run: integrity check and estimat
 void addMetadataOps(Ops& ops, Surroundings& surroundings);
 void addEngineOps(Ops& ops, Surroundings& surroundings);
 
+// The tools beside a run.
+void addWatchOps(Ops& ops, Surroundings& surroundings);
+
 }  // namespace vellomar::driver

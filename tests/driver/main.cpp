@@ -36,6 +36,7 @@ void answerAll(std::istream& requests, std::ostream& answers) {
     addLookOps(ops);
     addMetadataOps(ops, surroundings);
     addEngineOps(ops, surroundings);
+    addWatchOps(ops, surroundings);
     for (std::string line; std::getline(requests, line);)
         if (!line.empty()) answers << jsonText(answer(ops, line)) << std::endl;
 }

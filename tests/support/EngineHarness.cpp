@@ -43,6 +43,7 @@ std::string CountingSleepInhibitor::lastReason() const {
 }
 
 void RecordingObserver::fieldChanged(PublishedField field) {
+    if (field == PublishedField::isRunning && onRunning) onRunning(state->isRunning);
     if (field == PublishedField::progress) progressHistory.push_back(state->progress);
     if (field != PublishedField::statusText) return;
     const auto& status = state->statusText;
@@ -60,7 +61,7 @@ void RecordingObserver::lineLogged(std::string_view line) {
 }
 
 EngineHarness::EngineHarness(const Setup& setup) : userDefaults(setup.secretFloppyMode) {
-    engine = std::make_unique<OrganizerEngine>(servicesFor(setup), &observer);
+    engine = std::make_shared<OrganizerEngine>(servicesFor(setup), &observer);
     observer.state = &engine->state();
 }
 

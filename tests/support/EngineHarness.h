@@ -77,6 +77,7 @@ public:
     std::vector<double> progressHistory;             // every progress
     std::function<void(std::string_view)> onLine;    // on the logging thread
     std::function<void(std::string_view)> onStatus;  // on the main actor
+    std::function<void(bool)> onRunning;             // on the main actor
 };
 
 // An engine with surroundings of its own, driven from the calling thread, which is its main actor.
@@ -121,7 +122,7 @@ public:
     CountingSleepInhibitor sleepInhibitor;
     FixedUserDefaults userDefaults;
     RecordingObserver observer;
-    std::unique_ptr<OrganizerEngine> engine;
+    std::shared_ptr<OrganizerEngine> engine;
 };
 
 }  // namespace vellomar::testing

@@ -15,12 +15,20 @@ public:
     // From here on nothing can be changed on it.
     void makeReadOnly() const;
 
+    // Takes it away, with all that is on it, and puts an empty one at its place.
+    void unmount() const;
+    void mountAnew() const;
+
+    // Shows `folder` at its place.
+    void bind(const std::string& folder) const;
+
 private:
     friend int withVolumeOfItsOwn(std::size_t size, const std::function<void(const VolumeOfItsOwn&)>& body);
 
-    explicit VolumeOfItsOwn(std::string path) : path_(std::move(path)) {}
+    VolumeOfItsOwn(std::string path, std::size_t size) : path_(std::move(path)), size_(size) {}
 
     std::string path_;
+    std::size_t size_;
 };
 
 // Runs `body` with a volume of `size` bytes, a multiple of a page, on a thread whose view of the disk is its own; so is
