@@ -12,6 +12,7 @@
 #include "app/VellomarApp.h"
 #include "support/DecoderProgram.h"
 #include "support/EngineHarness.h"
+#include "support/ScriptedWatchers.h"
 
 namespace vellomar::bench {
 
@@ -56,6 +57,8 @@ public:
                 .sleepInhibitor = sleepInhibitor_,
                 .reveal = nobody_,
                 .links = nobody_,
+                .mounts = mounts_,
+                .watchTimes = {},
                 .makeFileChooser = [](QQmlEngine&, FileSystem&) { return std::make_unique<NoFileChooser>(); }}) {
         app_.settings().setValue("last_sourcePath", source);
         app_.settings().setValue("last_destPath", dest);
@@ -91,6 +94,7 @@ private:
     testing::RecordingNotifications notifications_;
     testing::CountingSleepInhibitor sleepInhibitor_;
     NobodyThere nobody_;
+    testing::ScriptedMountWatcher mounts_;
     VellomarApp app_;
 };
 

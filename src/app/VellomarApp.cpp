@@ -33,9 +33,11 @@ VellomarApp::VellomarApp(const Surroundings& surroundings)
       metadataReaders_(fileSystem_, surroundings.decoderProgram),
       fileFacts_(fileSystem_, surroundings.decoderProgram),
       fileChooser_(madeFor(qml_, fileSystem_, surroundings)),
-      engine_(servicesFor(surroundings), &events_),
-      content_({engine_, events_, settings_, fileSystem_, clock_, exifTool_, *fileChooser_, fileFacts_,
-                surroundings.reveal, surroundings.links, background_}) {
+      folderWatcher_(fileSystem_, surroundings.watchTimes),
+      engine_(std::make_shared<OrganizerEngine>(servicesFor(surroundings), &events_)),
+      content_({*engine_, engine_, events_, mainActor_, settings_, fileSystem_, clock_, exifTool_, *fileChooser_,
+                fileFacts_, surroundings.reveal, surroundings.links, background_, folderWatcher_,
+                surroundings.mounts}) {
     connect(content_.quit(), &QuitFlow::finished, qGuiApp, &QGuiApplication::quit);
     connect(content_.status(), &RunStatus::changed, this, &VellomarApp::tellProgress);
     // Folders may have come and gone while the user looked elsewhere.

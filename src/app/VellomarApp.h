@@ -14,6 +14,8 @@
 #include "engine/OrganizerEngine.h"
 #include "platform/Clock.h"
 #include "platform/LinuxFileSystem.h"
+#include "platform/watch/LinuxFolderWatcher.h"
+#include "platform/watch/MountWatcher.h"
 #include "settings/SettingsStore.h"
 #include "settings/StoredUserDefaults.h"
 #include "ui/desktop/BackgroundWork.h"
@@ -44,6 +46,8 @@ public:
         SleepInhibitor& sleepInhibitor;
         FileReveal& reveal;
         LinkOpener& links;
+        MountWatcher& mounts;
+        WatchTimes watchTimes;  // how a watched folder is looked at
         // Makes what folders and files are chosen with, once.
         std::function<std::unique_ptr<FileChooser>(QQmlEngine&, FileSystem&)> makeFileChooser;
     };
@@ -60,7 +64,7 @@ public:
     void raise(const QString& activationToken);
 
     [[nodiscard]] QQuickWindow* window() const { return window_; }
-    [[nodiscard]] OrganizerEngine& engine() { return engine_; }
+    [[nodiscard]] OrganizerEngine& engine() { return *engine_; }
     [[nodiscard]] ContentViewModel& content() { return content_; }
     [[nodiscard]] SettingsStore& settings() { return settings_; }
 
@@ -84,7 +88,8 @@ private:
     QQmlEngine qml_;
     std::unique_ptr<FileChooser> fileChooser_;
     EngineEvents events_;
-    OrganizerEngine engine_;
+    LinuxFolderWatcher folderWatcher_;
+    std::shared_ptr<OrganizerEngine> engine_;
     ContentViewModel content_;
     std::unique_ptr<QObject> root_;  // the window, as it was loaded
     QPointer<QQuickWindow> window_;

@@ -11,6 +11,7 @@
 
 #include "app/AboutText.h"
 #include "app/VellomarApp.h"
+#include "platform/watch/LinuxMountWatcher.h"
 #include "ui/QmlModule.h"
 #include "ui/desktop/DesktopFileChooser.h"
 #include "ui/desktop/DesktopFileReveal.h"
@@ -55,6 +56,7 @@ int run(const QString& activationToken, TerminationSignals& termination) {
     LauncherProgress launcher(session);
     DesktopFileReveal reveal(session);
     DesktopLinkOpener links;
+    LinuxMountWatcher mounts;
     VellomarApp application({.settingsFile = SettingsStore::defaultFile(),
                              .decoderProgram = companionProgram("vellomar-decoder"),
                              .pixelDecoderProgram = companionProgram("vellomar-pixel-decoder"),
@@ -62,6 +64,8 @@ int run(const QString& activationToken, TerminationSignals& termination) {
                              .sleepInhibitor = sleepInhibitor,
                              .reveal = reveal,
                              .links = links,
+                             .mounts = mounts,
+                             .watchTimes = {},
                              .makeFileChooser = [&session](QQmlEngine& engine, FileSystem& fileSystem) {
                                  return std::make_unique<DesktopFileChooser>(session, engine, fileSystem);
                              }});

@@ -17,19 +17,21 @@ RunningApp::RunningApp(QSize size) : size_(size) {}
 void RunningApp::start() {
     window_.reset();
     app_.reset();
-    app_ = std::make_unique<VellomarApp>(VellomarApp::Surroundings{.settingsFile = settingsFile_.path(),
-                                                                   .decoderProgram = decoderProgram(),
-                                                                   .pixelDecoderProgram = pixelDecoderProgram(),
-                                                                   .notifications = notifications_,
-                                                                   .sleepInhibitor = sleepInhibitor_,
-                                                                   .reveal = reveal_,
-                                                                   .links = links_,
-                                                                   .makeFileChooser = [this](QQmlEngine&, FileSystem&) {
-                                                                       auto chooser =
-                                                                           std::make_unique<ScriptedFileChooser>();
-                                                                       chooser_ = chooser.get();
-                                                                       return chooser;
-                                                                   }});
+    app_ = std::make_unique<VellomarApp>(
+        VellomarApp::Surroundings{.settingsFile = settingsFile_.path(),
+                                  .decoderProgram = decoderProgram(),
+                                  .pixelDecoderProgram = pixelDecoderProgram(),
+                                  .notifications = notifications_,
+                                  .sleepInhibitor = sleepInhibitor_,
+                                  .reveal = reveal_,
+                                  .links = links_,
+                                  .mounts = mounts_,
+                                  .watchTimes = {.latency = std::chrono::milliseconds(50)},
+                                  .makeFileChooser = [this](QQmlEngine&, FileSystem&) {
+                                      auto chooser = std::make_unique<ScriptedFileChooser>();
+                                      chooser_ = chooser.get();
+                                      return chooser;
+                                  }});
     ASSERT_TRUE(app_->show());
     window_ = std::make_unique<WindowDriver>(*app_->window());
     app_->window()->resize(size_);

@@ -8,6 +8,7 @@
 #include "app/VellomarApp.h"
 #include "settings/SettingsFile.h"
 #include "support/EngineHarness.h"
+#include "support/ScriptedWatchers.h"
 #include "support/TemporaryFolder.h"
 #include "ui/ScriptedFileChooser.h"
 #include "ui/WindowDriver.h"
@@ -29,6 +30,7 @@ public:
     [[nodiscard]] ScriptedFileChooser& chooser() { return *chooser_; }
     [[nodiscard]] RecordingReveal& reveal() { return reveal_; }
     [[nodiscard]] RecordingLinks& links() { return links_; }
+    [[nodiscard]] ScriptedMountWatcher& mounts() { return mounts_; }
     [[nodiscard]] SettingsFile& settingsFile() { return settingsFile_; }
     [[nodiscard]] const TemporaryFolder& library() const { return library_; }
 
@@ -70,6 +72,7 @@ private:
     CountingSleepInhibitor sleepInhibitor_;
     RecordingReveal reveal_;
     RecordingLinks links_;
+    ScriptedMountWatcher mounts_;
     ScriptedFileChooser* chooser_ = nullptr;  // the application's
     std::unique_ptr<VellomarApp> app_;
     std::unique_ptr<WindowDriver> window_;

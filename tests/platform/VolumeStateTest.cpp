@@ -14,18 +14,13 @@ namespace vellomar {
 namespace {
 
 namespace fs = std::filesystem;
-using ::testing::AnyOf;
+using testing::doneOrForbidden;
 using testing::TemporaryFolder;
 using testing::VolumeOfItsOwn;
 using testing::withVolumeOfItsOwn;
 
 constexpr std::size_t kPage = 4'096;
 constexpr std::size_t kPages = 16;
-
-// Machines that let this user mount nothing say so by these.
-auto doneOrForbidden() {
-    return AnyOf(0, EPERM, EACCES);
-}
 
 TEST(VolumeState, OneFlagAmongOthersMeansReadOnly) {
     EXPECT_TRUE(isReadOnly({.flags = ST_RDONLY}));

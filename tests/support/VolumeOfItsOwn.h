@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cerrno>
 #include <cstddef>
 #include <functional>
 #include <string>
 #include <utility>
+
+#include <gmock/gmock.h>
 
 namespace vellomar::testing {
 
@@ -35,5 +38,11 @@ private:
 // that of the threads and programs that it starts. The volume goes with the last of them. Returns 0, or, with nothing
 // run, why this user may mount nothing (EPERM, EACCES).
 [[nodiscard]] int withVolumeOfItsOwn(std::size_t size, const std::function<void(const VolumeOfItsOwn&)>& body);
+
+// Matches what it returns where a test of it could not fail unnoticed: it was done, or this machine lets this user
+// mount nothing.
+inline auto doneOrForbidden() {
+    return ::testing::AnyOf(0, EPERM, EACCES);
+}
 
 }  // namespace vellomar::testing

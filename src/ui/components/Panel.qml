@@ -7,6 +7,7 @@ Rectangle {
     id: root
 
     property string label
+    property string labelSymbol
     property bool bright: false
     property int padding: 12
     property int spacing: 8
@@ -27,11 +28,21 @@ Rectangle {
         anchors.margins: root.padding
         spacing: root.spacing
 
-        CapitalLabel {
-            objectName: "panelLabel"
-            text: root.label
-            visible: text !== ""
+        RowLayout {
+            spacing: 6
+            visible: root.label !== ""
             Layout.fillWidth: true
+
+            Symbol {
+                name: root.labelSymbol
+                colour: Theme.secondaryText
+                visible: name !== ""
+            }
+            CapitalLabel {
+                objectName: "panelLabel"
+                text: root.label
+                Layout.fillWidth: true
+            }
         }
 
         ColumnLayout {

@@ -6,14 +6,26 @@ Item {
     id: sheets
 
     required property ContentViewModel content
+    // What opens by itself waits for these, and until the last of them has given the focus back.
+    property bool isOneOpen
+
+    Binding {
+        target: sheets
+        property: "isOneOpen"
+        delayed: true
+        value: dryRun.visible || realRun.visible || undo.visible || presets.visible || rules.visible || watch.visible
+            || hashAlert.visible || overwriteAlert.visible || inspector.visible || quit.visible
+    }
 
     DryRunConfirmSheet {
+        id: dryRun
         model: sheets.content.dryRun
         visible: sheets.content.run.isDryRunAsked
         onRunRequested: sheets.content.run.startDryRun()
         onDismissed: sheets.content.run.dismissDryRun()
     }
     RunSummaryView {
+        id: realRun
         model: sheets.content.realRun
         visible: sheets.content.run.isRunAsked
         onConfirmed: sheets.content.run.confirmRun()
@@ -21,6 +33,7 @@ Item {
         onSwitchedToDryRun: sheets.content.run.switchToDryRun()
     }
     UndoSheetView {
+        id: undo
         model: sheets.content.undo.sheet
         visible: sheets.content.undo.isOpen
         isUndoing: sheets.content.undo.isUndoing
@@ -29,14 +42,26 @@ Item {
         onDismissed: sheets.content.undo.dismiss()
     }
     PresetsSheet {
+        id: presets
         model: sheets.content.presets
         visible: sheets.content.presets.isOpen
     }
     RenameRulesSheet {
+        id: rules
         model: sheets.content.rules
         visible: sheets.content.rules.isOpen
     }
+    WatchFolderSheet {
+        id: watch
+        model: sheets.content.watch
+        visible: sheets.content.watch.isOpen
+    }
+    CardImportSheet {
+        model: sheets.content.cards
+        visible: sheets.content.cards.isOpen && !sheets.isOneOpen
+    }
     AlertSheet {
+        id: hashAlert
         title: qsTr("SHA-256 Hashing on Large Library?")
         message: qsTr("Hashing 50,000+ files can add 1–3 hours. Consider leaving this off for large libraries.")
         answer: qsTr("Enable Anyway")
@@ -45,6 +70,7 @@ Item {
         onCancelled: sheets.content.options.dismissHash()
     }
     AlertSheet {
+        id: overwriteAlert
         title: qsTr("Overwrite Existing Files?")
         message: qsTr("OVERWRITE replaces existing files permanently. This cannot be undone. Consider using Rename to keep "
             + "both copies.")
@@ -54,9 +80,11 @@ Item {
         onCancelled: sheets.content.options.dismissOverwrite()
     }
     EXIFViewerSheet {
+        id: inspector
         model: sheets.content.plan.inspector
     }
     QuitSheet {
+        id: quit
         quit: sheets.content.quit
     }
 }

@@ -33,12 +33,15 @@ ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* pa
       plan_(FilePlan::Shows::allRows, surroundings.engine.state(), surroundings.events, inspectorOf(surroundings)),
       planWindow_(surroundings.engine.state(), surroundings.events, inspectorOf(surroundings)),
       presets_(surroundings.settings),
+      watch_({surroundings.sharedEngine, surroundings.events, surroundings.settings, folders_.sourceList(),
+              surroundings.mainActor, surroundings.fileSystem, surroundings.clock, surroundings.folderWatcher}),
       dryRun_(ConfirmationModel::Run::dry),
       realRun_(ConfirmationModel::Run::real) {
     connectFolders();
     connectRun();
     connectSettings();
     connectLists();
+    connectCards();
 }
 
 void ContentViewModel::appear() {
@@ -47,6 +50,9 @@ void ContentViewModel::appear() {
     auto options = buildOptions(surroundings_.settings);
     options.includeVideos = false;
     saveOption(surroundings_.settings, options, "opt_includeVideos");
+    cameraCards_ =
+        std::make_unique<CameraCards>(surroundings_.mainActor, surroundings_.fileSystem, surroundings_.mounts,
+                                      [this](const std::string& card) { cards_.offer(card); });
     lookForExifTool();
 }
 
@@ -97,6 +103,7 @@ void ContentViewModel::toggleFloppyMode() {
 void ContentViewModel::connectFolders() {
     connect(&folders_, &Folders::sourcesChanged, &run_, &RunFlow::noteSources);
     connect(&folders_, &Folders::sourcesChanged, this, &ContentViewModel::bannerChanged);
+    connect(&folders_, &Folders::sourcesChanged, &watch_, &WatchFolder::noteSources);
     connect(&folders_, &Folders::changed, this, &ContentViewModel::bannerChanged);
     connect(&folders_, &Folders::refusalChanged, this,
             [this] { notices_.tell(QStringLiteral("folders"), folders_.refusal()); });
@@ -128,6 +135,10 @@ void ContentViewModel::connectSettings() {
 void ContentViewModel::connectLists() {
     connect(&presets_, &PresetsModel::countChanged, this, &ContentViewModel::configChanged);
     connect(&rules_, &RenameRulesModel::changed, this, [this] { run_.setRenameRules(rules_.rules()); });
+}
+
+void ContentViewModel::connectCards() {
+    connect(&cards_, &CardImport::sourceChosen, &folders_, &Folders::addSource);
 }
 
 void ContentViewModel::tellOfDamage() {

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QString>
 #include <QVariantList>
+#include <memory>
 #include <optional>
 
 #include <QtQml/qqmlregistration.h>
@@ -12,7 +13,12 @@
 #include "engine/OrganizerEngine.h"
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
+#include "platform/MainActor.h"
+#include "platform/watch/FolderWatcher.h"
+#include "platform/watch/MountWatcher.h"
 #include "settings/SettingsStore.h"
+#include "tools/CameraCards.h"
+#include "ui/cards/CardImport.h"
 #include "ui/confirmation/ConfirmationModel.h"
 #include "ui/desktop/BackgroundWork.h"
 #include "ui/desktop/FileChooser.h"
@@ -35,6 +41,7 @@
 #include "ui/presets/PresetsModel.h"
 #include "ui/rules/RenameRulesModel.h"
 #include "ui/undo/UndoFlow.h"
+#include "ui/watch/WatchFolder.h"
 
 namespace vellomar {
 
@@ -60,6 +67,8 @@ class ContentViewModel final : public QObject {
     Q_PROPERTY(vellomar::PlanWindow* planWindow READ planWindow CONSTANT)
     Q_PROPERTY(vellomar::PresetsModel* presets READ presets CONSTANT)
     Q_PROPERTY(vellomar::RenameRulesModel* rules READ rules CONSTANT)
+    Q_PROPERTY(vellomar::WatchFolder* watch READ watch CONSTANT)
+    Q_PROPERTY(vellomar::CardImport* cards READ cards CONSTANT)
     Q_PROPERTY(QVariantList config READ config NOTIFY configChanged)
     Q_PROPERTY(bool hasBanner READ hasBanner NOTIFY bannerChanged)
     Q_PROPERTY(QString bannerSymbol READ bannerSymbol NOTIFY bannerChanged)
@@ -73,7 +82,9 @@ public:
     // What it works with; all of it must outlive it.
     struct Surroundings {
         OrganizerEngine& engine;
+        std::weak_ptr<OrganizerEngine> sharedEngine;  // the same
         const EngineEvents& events;
+        MainActor& mainActor;
         SettingsStore& settings;
         FileSystem& fileSystem;
         const Clock& clock;
@@ -83,6 +94,8 @@ public:
         FileReveal& reveal;
         LinkOpener& links;
         BackgroundWork& background;
+        FolderWatcher& folderWatcher;
+        MountWatcher& mounts;
     };
 
     explicit ContentViewModel(const Surroundings& surroundings, QObject* parent = nullptr);
@@ -107,6 +120,9 @@ public:
 
     [[nodiscard]] PresetsModel* presets() { return &presets_; }
     [[nodiscard]] RenameRulesModel* rules() { return &rules_; }
+
+    [[nodiscard]] WatchFolder* watch() { return &watch_; }
+    [[nodiscard]] CardImport* cards() { return &cards_; }
 
     // The settings at a glance: sections, each a map of "heading" and "rows", of which each is one of "key", "value"
     // and "colour".
@@ -140,6 +156,7 @@ private:
     void connectRun();
     void connectSettings();
     void connectLists();
+    void connectCards();
     void tellOfDamage();
     void tellOfSaving();
     void lookForExifTool();
@@ -162,6 +179,9 @@ private:
     PlanWindow planWindow_;
     PresetsModel presets_;
     RenameRulesModel rules_;
+    WatchFolder watch_;
+    CardImport cards_;
+    std::unique_ptr<CameraCards> cameraCards_;
     ConfirmationModel dryRun_;
     ConfirmationModel realRun_;
     bool lacksExifTool_ = false;

@@ -79,6 +79,9 @@ public:
 
     Q_INVOKABLE void dismissRefusal();
 
+    // Adds a source without a look at the disk, unless it is one already.
+    void addSource(const std::string& path) { takeSources({path}); }
+
     // Adds folders, as far as they are some. The same for the destination.
     void addSources(std::vector<std::string> paths);
     void setDestination(std::vector<std::string> paths);

@@ -27,4 +27,11 @@ Flow {
         enabled: tools.content.undo.canOpen
         onClicked: tools.content.undo.open()
     }
+    ToolRowButton {
+        text: qsTr("WATCH")
+        symbol: "eye.fill"
+        accentColour: tools.content.watch.isWatching ? Theme.yellow : Theme.bodyText
+        Accessible.description: tools.content.watch.isWatching ? qsTr("ACTIVE") : ""
+        onClicked: tools.content.watch.open()
+    }
 }

@@ -7,6 +7,7 @@
 #include "settings/SettingsFile.h"
 #include "settings/SettingsKeys.h"
 #include "support/DecoderProgram.h"
+#include "support/ScriptedWatchers.h"
 #include "ui/LiveEngine.h"
 #include "ui/QtPrinters.h"
 #include "ui/ScriptedFileChooser.h"
@@ -38,9 +39,9 @@ class ContentViewModelTest : public ::testing::Test {
 protected:
     // What is in `settings` counts when the content is made.
     void makeContent() {
-        content = std::make_unique<ContentViewModel>(
-            ContentViewModel::Surroundings{*engine, engine.events(), *settings, fileSystem, clock, exifTool, chooser,
-                                           fileFacts, reveal, links, background});
+        content = std::make_unique<ContentViewModel>(ContentViewModel::Surroundings{
+            *engine, engine.shared(), engine.events(), engine.mainActor(), *settings, fileSystem, clock, exifTool,
+            chooser, fileFacts, reveal, links, background, folderWatcher, mounts});
         content->appear();
     }
 
@@ -62,6 +63,8 @@ protected:
     testing::RecordingReveal reveal;
     testing::RecordingLinks links;
     BackgroundWork background;
+    testing::ScriptedFolderWatcher folderWatcher;
+    testing::ScriptedMountWatcher mounts;
     std::unique_ptr<ContentViewModel> content;
 };
 
