@@ -6,115 +6,16 @@
 
 #include <gmock/gmock.h>
 
-#include "app/RunningApp.h"
-#include "settings/SettingsKeys.h"
-#include "settings/SourceEntry.h"
+#include "app/LayoutFixture.h"
 #include "ui/QtPrinters.h"
 #include "ui/desktop/SpinUntil.h"
 
 namespace vellomar {
 namespace {
 
+using testing::LayoutTest;
 using testing::placeOf;
-using testing::RunningApp;
 using testing::spinUntil;
-
-struct Size {
-    int width = 0;
-    int height = 0;
-};
-
-void PrintTo(const Size& size, std::ostream* stream) {
-    *stream << size.width << "x" << size.height;
-}
-
-// Whether an item is drawn wholly inside each item around it that cuts off what reaches out of it.
-bool isClipped(const QQuickItem& item) {
-    for (const QQuickItem* around = item.parentItem(); around != nullptr; around = around->parentItem())
-        if (around->clip() && !placeOf(*around).adjusted(-0.5, -0.5, 0.5, 0.5).contains(placeOf(item))) return true;
-    return false;
-}
-
-// Labels of what can be pressed, and the fixed texts, are never cut off; names and paths may be, in the middle.
-bool mayBeShortened(const QQuickItem& text) {
-    return text.property("elide").toInt() == Qt::ElideMiddle ||
-           QStringList{"words", "actionText", "cameraCell"}.contains(text.objectName());
-}
-
-class LayoutTest : public ::testing::TestWithParam<Size> {
-protected:
-    [[nodiscard]] testing::WindowDriver& window() { return user.window(); }
-
-    void look(const std::string& state) {
-        SCOPED_TRACE(state);
-        window().settle();
-        const QRectF whole(0, 0, GetParam().width, GetParam().height);
-        for (const QQuickItem* const text : window().shownTexts()) {
-            SCOPED_TRACE(text->property("text").toString().toStdString());
-            const auto place = placeOf(*text);
-            EXPECT_GE(place.left(), whole.left());
-            EXPECT_LE(place.right(), whole.right() + 0.5);
-            EXPECT_FALSE(text->property("truncated").toBool() && !mayBeShortened(*text));
-        }
-        expectButtonsApart();
-        window().saveScreenshot("window-" + std::to_string(GetParam().width) + "-" + state);
-    }
-
-    // The plan's own window, as it is.
-    void lookAtPlanWindow(const std::string& state) {
-        auto* const own = user.app().window()->findChild<QQuickWindow*>("planWindow");
-        ASSERT_NE(own, nullptr);
-        testing::WindowDriver driver(*own);
-        driver.settle();
-        for (const QQuickItem* const text : driver.shownTexts())
-            EXPECT_FALSE(text->property("truncated").toBool() && !mayBeShortened(*text))
-                << text->property("text").toString().toStdString();
-        driver.saveScreenshot("plan-" + std::to_string(GetParam().width) + "-" + state);
-    }
-
-    // Whether it can be clicked: an open sheet keeps from it what lies under the sheet.
-    [[nodiscard]] bool isInReach(const QQuickItem& item) {
-        const auto sheets = window().itemsNamed("sheet");
-        return std::ranges::none_of(sheets, &QQuickItem::isVisible) ||
-               std::ranges::any_of(sheets, [&](const QQuickItem* sheet) { return sheet->isAncestorOf(&item); });
-    }
-
-    // No two buttons lie on each other.
-    void expectButtonsApart() {
-        std::vector<QQuickItem*> buttons;
-        for (QQuickItem* const box : window().itemsNamed("box"))
-            if (box->isVisible() && !isClipped(*box) && isInReach(*box)) buttons.push_back(box);
-        for (std::size_t i = 0; i < buttons.size(); ++i)
-            for (std::size_t k = i + 1; k < buttons.size(); ++k) {
-                const auto common = placeOf(*buttons[i]).intersected(placeOf(*buttons[k]));
-                EXPECT_TRUE(common.width() < 1 || common.height() < 1)
-                    << buttons[i]->parentItem()->property("text").toString().toStdString() << " lies on "
-                    << buttons[k]->parentItem()->property("text").toString().toStdString();
-            }
-    }
-
-    void keepSources(const std::vector<std::string>& paths) {
-        std::vector<SourceEntry> entries;
-        for (const auto& path : paths) {
-            entries.emplace_back();
-            entries.back().path = path;
-        }
-        auto settings = user.settingsFile().open();
-        settings->setBytes(keys::kSourceEntries, sourceEntriesText(entries));
-        settings->setValue(keys::kDestPath, library.makeFolder("out"));
-    }
-
-    // To a place between its beginning and its end.
-    void scrollTools(double place) {
-        auto* const area = window().itemNamed("toolsColumn").findChild<QQuickItem*>("flickable");
-        ASSERT_NE(area, nullptr);
-        window().settle();
-        area->setProperty("contentY", place * (area->property("contentHeight").toReal() - area->height()));
-    }
-
-    RunningApp user{QSize(GetParam().width, GetParam().height)};
-    const testing::TemporaryFolder& library = user.library();
-};
 
 TEST_P(LayoutTest, AtTheFirstStart) {
     user.start();
@@ -406,8 +307,7 @@ TEST_P(LayoutTest, TheRunButtonsAreHighEnoughToHit) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Sizes, LayoutTest, ::testing::Values(Size{900, 600}, Size{1440, 900}, Size{2560, 1440}),
-                         [](const auto& size) { return std::to_string(size.param.width); });
+INSTANTIATE_TEST_SUITE_P(Sizes, LayoutTest, ::testing::ValuesIn(testing::kWindowSizes), testing::widthOf);
 
 }  // namespace
 }  // namespace vellomar

@@ -16,19 +16,10 @@ Item {
 
     // Whether the key is one that scrolls.
     function scrollBy(key: int): bool {
-        const page = flickable.height * 0.9;
-        const step = ({
-            [Qt.Key_Up]: -40,
-            [Qt.Key_Down]: 40,
-            [Qt.Key_PageUp]: -page,
-            [Qt.Key_PageDown]: page,
-            [Qt.Key_Home]: -flickable.contentHeight,
-            [Qt.Key_End]: flickable.contentHeight
-        })[key];
-        if (step === undefined || !geometry.isVisible)
-            return false;
-        flickable.contentY = geometry.offsetWithin(flickable.contentY + step);
-        return true;
+        const offset = geometry.offsetAfterKey(key);
+        if (offset >= 0)
+            flickable.contentY = offset;
+        return offset >= 0;
     }
 
     function reveal(item: Item) {

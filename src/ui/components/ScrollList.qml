@@ -30,6 +30,36 @@ ListView {
             positionViewAtIndex(indexAt(row.x, row.y), ListView.Contain);
     }
 
+    // Whether the key is one that scrolls.
+    function scrollBy(key: int): bool {
+        const offset = track.offsetAfterKey(key);
+        if (offset < 0)
+            return false;
+        // Where the ends are depends on the heights of rows that come into view only now.
+        for (let round = 0; round < 2; ++round) {
+            if (key === Qt.Key_Home)
+                positionViewAtBeginning();
+            else if (key === Qt.Key_End)
+                positionViewAtEnd();
+            else if (round === 0)
+                contentY = originY + offset;
+            forceLayout();
+        }
+        returnToBounds();
+        return true;
+    }
+
+    // The row that a key leads to which moves further than to the next one; -1 for any other key.
+    function rowAfter(key: int, row: int, page: int): int {
+        const step = ({
+            [Qt.Key_PageUp]: -page,
+            [Qt.Key_PageDown]: page,
+            [Qt.Key_Home]: -count,
+            [Qt.Key_End]: count
+        })[key];
+        return step === undefined || count === 0 ? -1 : Math.max(0, Math.min(count - 1, row + step));
+    }
+
     Connections {
         target: list.Window.window
 
@@ -50,6 +80,7 @@ ListView {
     }
 
     ScrollTrack {
+        id: track
         parent: list
         anchors.top: parent.top
         anchors.bottom: parent.bottom

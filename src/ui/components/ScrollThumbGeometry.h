@@ -36,6 +36,10 @@ public:
     // higher than the container is shown from its top.
     [[nodiscard]] Q_INVOKABLE double offsetToShow(double top, double height) const;
 
+    // The offset that a key scrolls to: the arrows by a line, Page Up and Page Down by less than the container, Home
+    // and End. -1 for any other key, and where nothing scrolls.
+    [[nodiscard]] Q_INVOKABLE double offsetAfterKey(int key) const;
+
 signals:
     void changed();
 

@@ -17,6 +17,11 @@ Rectangle {
     visible: geometry.isVisible
     Accessible.ignored: true
 
+    // See ScrollThumbGeometry.
+    function offsetAfterKey(key: int): real {
+        return geometry.offsetAfterKey(key);
+    }
+
     ScrollThumbGeometry {
         id: geometry
         offset: root.flickable ? root.flickable.contentY - root.flickable.originY : 0

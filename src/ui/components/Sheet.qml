@@ -17,6 +17,7 @@ T.Popup {
     property string title
     property int titleSize: 18
     property color titleColour: Theme.yellow
+    property string titleNote  // behind the title
     property string subtitle
     property color subtitleColour: Theme.bodyText
     property int subtitleElide: Text.ElideNone  // else it keeps to one line
@@ -25,7 +26,7 @@ T.Popup {
     property int bodyPadding: 24
     property int bodySpacing: 12
     property bool scrolls: true  // else the body has the height that is there, and what it holds scrolls
-    property ScrollArea keyScrolled: scrolls ? area : null  // by the keys that nothing else takes
+    property var keyScrolled: scrolls ? area : null  // by the keys that nothing else takes; has a scrollBy()
     property bool canConfirm: true
     property Item initialFocus: closeButton
     property Item startedOn: null
@@ -136,6 +137,7 @@ T.Popup {
 
                     ColumnLayout {
                         spacing: 4
+                        Layout.fillWidth: true
 
                         Row {
                             spacing: 10
@@ -161,6 +163,16 @@ T.Popup {
                                 textFormat: Text.PlainText
                                 Accessible.role: Accessible.Heading
                                 Accessible.name: text
+                            }
+
+                            BodyText {
+                                objectName: "sheetTitleNote"
+                                anchors.verticalCenter: parent.verticalCenter
+                                text: root.titleNote
+                                size: 12
+                                colour: Theme.secondaryText
+                                wrapMode: Text.NoWrap
+                                visible: text !== ""
                             }
                         }
 

@@ -9,7 +9,7 @@ Rectangle {
     property string value: "—"
     property string label
     property bool accent: false
-    property int valueSize: 20
+    property int valueSize: value.length > 13 ? 13 : value.length > 8 ? 16 : 20
 
     implicitWidth: column.implicitWidth + 40
     implicitHeight: column.implicitHeight + 32

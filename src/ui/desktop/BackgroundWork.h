@@ -9,6 +9,8 @@
 #include <type_traits>
 #include <utility>
 
+#include "ui/components/RunInBackground.h"
+
 namespace vellomar {
 
 // Work that must not hold up the interface, above all everything that touches a disk. It is done on a few threads of
@@ -47,6 +49,11 @@ public:
     template <typename Work>
     void run(Work work) {
         run(std::move(work), [](auto&&...) {});
+    }
+
+    // The same as a function, for whom it is nothing how the work is done. Not to be called once this is destroyed.
+    [[nodiscard]] RunInBackground runner() {
+        return [this](auto work, auto then) { run(std::move(work), std::move(then)); };
     }
 
 private:

@@ -14,7 +14,7 @@ Item {
         property: "isOneOpen"
         delayed: true
         value: dryRun.visible || realRun.visible || undo.visible || presets.visible || rules.visible || watch.visible
-            || hashAlert.visible || overwriteAlert.visible || inspector.visible || quit.visible
+            || duplicates.visible || statistics.visible || hashAlert.visible || overwriteAlert.visible || inspector.visible || quit.visible
     }
 
     DryRunConfirmSheet {
@@ -59,6 +59,16 @@ Item {
     CardImportSheet {
         model: sheets.content.cards
         visible: sheets.content.cards.isOpen && !sheets.isOneOpen
+    }
+    DuplicateViewerSheet {
+        id: duplicates
+        model: sheets.content.duplicates
+        visible: sheets.content.duplicates.isOpen
+    }
+    LibraryStatsSheet {
+        id: statistics
+        model: sheets.content.statistics
+        visible: sheets.content.statistics.isOpen
     }
     AlertSheet {
         id: hashAlert

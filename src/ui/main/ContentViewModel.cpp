@@ -35,6 +35,9 @@ ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* pa
       presets_(surroundings.settings),
       watch_({surroundings.sharedEngine, surroundings.events, surroundings.settings, folders_.sourceList(),
               surroundings.mainActor, surroundings.fileSystem, surroundings.clock, surroundings.folderWatcher}),
+      duplicates_({surroundings.engine.state(), surroundings.events, surroundings.fileSystem, surroundings.reveal,
+                   surroundings.background.runner()}),
+      statistics_(surroundings.engine.state(), surroundings.events),
       dryRun_(ConfirmationModel::Run::dry),
       realRun_(ConfirmationModel::Run::real) {
     connectFolders();

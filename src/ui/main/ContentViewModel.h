@@ -24,6 +24,7 @@
 #include "ui/desktop/FileChooser.h"
 #include "ui/desktop/FileReveal.h"
 #include "ui/desktop/LinkOpener.h"
+#include "ui/duplicates/DuplicateViewerModel.h"
 #include "ui/inspector/FileFacts.h"
 #include "ui/main/Banner.h"
 #include "ui/main/EngineEvents.h"
@@ -40,6 +41,7 @@
 #include "ui/plan/PlanWindow.h"
 #include "ui/presets/PresetsModel.h"
 #include "ui/rules/RenameRulesModel.h"
+#include "ui/statistics/LibraryStatsModel.h"
 #include "ui/undo/UndoFlow.h"
 #include "ui/watch/WatchFolder.h"
 
@@ -69,6 +71,8 @@ class ContentViewModel final : public QObject {
     Q_PROPERTY(vellomar::RenameRulesModel* rules READ rules CONSTANT)
     Q_PROPERTY(vellomar::WatchFolder* watch READ watch CONSTANT)
     Q_PROPERTY(vellomar::CardImport* cards READ cards CONSTANT)
+    Q_PROPERTY(vellomar::DuplicateViewerModel* duplicates READ duplicates CONSTANT)
+    Q_PROPERTY(vellomar::LibraryStatsModel* statistics READ statistics CONSTANT)
     Q_PROPERTY(QVariantList config READ config NOTIFY configChanged)
     Q_PROPERTY(bool hasBanner READ hasBanner NOTIFY bannerChanged)
     Q_PROPERTY(QString bannerSymbol READ bannerSymbol NOTIFY bannerChanged)
@@ -123,6 +127,9 @@ public:
 
     [[nodiscard]] WatchFolder* watch() { return &watch_; }
     [[nodiscard]] CardImport* cards() { return &cards_; }
+    // What the last run found.
+    [[nodiscard]] DuplicateViewerModel* duplicates() { return &duplicates_; }
+    [[nodiscard]] LibraryStatsModel* statistics() { return &statistics_; }
 
     // The settings at a glance: sections, each a map of "heading" and "rows", of which each is one of "key", "value"
     // and "colour".
@@ -182,6 +189,8 @@ private:
     WatchFolder watch_;
     CardImport cards_;
     std::unique_ptr<CameraCards> cameraCards_;
+    DuplicateViewerModel duplicates_;
+    LibraryStatsModel statistics_;
     ConfirmationModel dryRun_;
     ConfirmationModel realRun_;
     bool lacksExifTool_ = false;

@@ -31,7 +31,6 @@ Item {
             label: row?.labels[index] ?? ""
             value: row?.values[index] ?? ""
             accent: index === 0
-            valueSize: value.length > 13 ? 13 : value.length > 8 ? 16 : 20
         }
     }
 }

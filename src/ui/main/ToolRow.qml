@@ -10,6 +10,18 @@ Flow {
     spacing: 8
 
     ToolRowButton {
+        text: tools.content.duplicates.total > 0 ? qsTr("DUPES (%1)").arg(tools.content.duplicates.total) : qsTr("DUPES")
+        symbol: "doc.on.doc"
+        enabled: tools.content.duplicates.canOpen
+        onClicked: tools.content.duplicates.open()
+    }
+    ToolRowButton {
+        text: qsTr("STATS")
+        symbol: "chart.bar"
+        enabled: tools.content.statistics.canOpen
+        onClicked: tools.content.statistics.open()
+    }
+    ToolRowButton {
         text: qsTr("ESTIMATE")
         symbol: "ruler"
         enabled: tools.content.run.canEstimate

@@ -75,7 +75,7 @@ Rectangle {
             implicitHeight: 308
             Layout.fillWidth: true
 
-            PlanEmpty {
+            EmptyNote {
                 anchors.centerIn: parent
                 width: parent.width - 40
                 symbol: "doc.text.magnifyingglass"
@@ -87,7 +87,7 @@ Rectangle {
                 visible: panel.rows.total === 0 && !panel.rows.isRunning
                 onActionChosen: panel.run.askDryRun()
             }
-            PlanEmpty {
+            EmptyNote {
                 anchors.centerIn: parent
                 width: parent.width - 40
                 symbol: "arrow.triangle.2.circlepath"

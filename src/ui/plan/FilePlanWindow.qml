@@ -61,7 +61,7 @@ ApplicationWindow {
             Layout.fillWidth: true
             Layout.fillHeight: true
 
-            PlanEmpty {
+            EmptyNote {
                 anchors.centerIn: parent
                 width: parent.width - 40
                 symbol: "doc.text.magnifyingglass"
@@ -69,7 +69,7 @@ ApplicationWindow {
                 text: qsTr("Run a dry run or start a sort to see the file plan.")
                 visible: window.plan.rows.total === 0
             }
-            PlanEmpty {
+            EmptyNote {
                 anchors.centerIn: parent
                 width: parent.width - 40
                 symbol: "line.3.horizontal.decrease.circle"

@@ -24,16 +24,9 @@ ScrollList {
 
     // Whether the key is one that moves further than to the next row.
     function moveBy(key: int): bool {
-        const page = Math.max(1, Math.floor(height / 60));
-        const step = ({
-            [Qt.Key_PageUp]: -page,
-            [Qt.Key_PageDown]: page,
-            [Qt.Key_Home]: -count,
-            [Qt.Key_End]: count
-        })[key];
-        if (step === undefined || count === 0)
-            return false;
-        currentIndex = Math.max(0, Math.min(count - 1, currentIndex + step));
-        return true;
+        const row = rowAfter(key, currentIndex, Math.max(1, Math.floor(height / 60)));
+        if (row >= 0)
+            currentIndex = row;
+        return row >= 0;
     }
 }

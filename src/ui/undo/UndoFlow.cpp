@@ -10,11 +10,7 @@
 namespace vellomar {
 
 UndoFlow::UndoFlow(const Surroundings& surroundings, QObject* parent)
-    : QObject(parent),
-      surroundings_(surroundings),
-      sheet_(surroundings.fileSystem, [&background = surroundings.background](auto work, auto then) {
-          background.run(std::move(work), std::move(then));
-      }) {
+    : QObject(parent), surroundings_(surroundings), sheet_(surroundings.fileSystem, surroundings.background.runner()) {
     connect(&surroundings_.settings, &SettingsStore::changed, this, &UndoFlow::changed);
     connect(&surroundings_.events, &EngineEvents::changed, this, [this](PublishedField field) {
         if (field == PublishedField::isRunning) emit changed();

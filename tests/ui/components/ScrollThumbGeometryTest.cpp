@@ -56,6 +56,19 @@ TEST(ScrollThumbGeometry, ShowsWhatIsAskedForWithTheLeastScrolling) {
         EXPECT_EQ(Scrolled(100, 400, 100).offsetToShow(top, height), offset) << what;
 }
 
+TEST(ScrollThumbGeometry, KeysScrollWithinTheContent) {
+    struct Case {
+        Qt::Key key;
+        double offset;
+    };
+    constexpr Case kCases[] = {{Qt::Key_Up, 110}, {Qt::Key_Down, 190}, {Qt::Key_PageUp, 60}, {Qt::Key_PageDown, 240},
+                               {Qt::Key_Home, 0}, {Qt::Key_End, 300},  {Qt::Key_Left, -1},   {Qt::Key_A, -1}};
+    for (const auto& [key, offset] : kCases)
+        EXPECT_EQ(Scrolled(150, 400, 100).offsetAfterKey(key), offset) << key;
+    EXPECT_EQ(Scrolled(290, 400, 100).offsetAfterKey(Qt::Key_Down), 300);
+    EXPECT_EQ(Scrolled(0, 100, 100).offsetAfterKey(Qt::Key_Down), -1) << "it has nowhere to scroll";
+}
+
 TEST(ScrollThumbGeometry, TellsOfAChange) {
     Scrolled scrolled(0, 400, 100);
     const QSignalSpy changes(&scrolled, &ScrollThumbGeometry::changed);

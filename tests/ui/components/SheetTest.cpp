@@ -66,6 +66,18 @@ TEST_F(SheetTest, StandsInTheMiddleInItsLeastSize) {
     EXPECT_EQ(place(), QRectF(200, 100, 500, 400));
 }
 
+TEST_F(SheetTest, MayHaveANoteBehindItsTitle) {
+    open();
+    EXPECT_FALSE(window->itemNamed("sheetTitleNote").isVisible());
+    window->object("theSheet").setProperty("titleNote", "· 12 things");
+    window->settle();
+    const auto note = placeOf(window->itemNamed("sheetTitleNote"));
+    const auto title = placeOf(window->itemNamed("sheetTitle"));
+    EXPECT_TRUE(window->shows("· 12 things"));
+    EXPECT_GT(note.left(), title.right());
+    EXPECT_NEAR(note.center().y(), title.center().y(), 1);
+}
+
 TEST_F(SheetTest, IsAsHighAsItsContent) {
     open();
     const auto& body = window->itemNamed("content");

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Vellomar
 
-// Stands in place of rows: a symbol, what it means, and what can be done about it.
+// Stands in place of rows: a symbol, what it means, and perhaps what can be done about it.
 ColumnLayout {
     id: root
 
@@ -20,6 +20,7 @@ ColumnLayout {
     spacing: 10
 
     Symbol {
+        objectName: "emptySymbol"
         name: root.symbol
         size: root.symbolSize
         colour: root.symbolColour
