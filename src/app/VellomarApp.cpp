@@ -36,8 +36,8 @@ VellomarApp::VellomarApp(const Surroundings& surroundings)
       folderWatcher_(fileSystem_, surroundings.watchTimes),
       engine_(std::make_shared<OrganizerEngine>(servicesFor(surroundings), &events_)),
       content_({*engine_, engine_, events_, mainActor_, settings_, fileSystem_, clock_, exifTool_, *fileChooser_,
-                fileFacts_, surroundings.reveal, surroundings.links, background_, folderWatcher_,
-                surroundings.mounts}) {
+                fileFacts_, surroundings.reveal, surroundings.links, background_, folderWatcher_, surroundings.mounts,
+                surroundings.sleepInhibitor}) {
     connect(content_.quit(), &QuitFlow::finished, qGuiApp, &QGuiApplication::quit);
     connect(content_.status(), &RunStatus::changed, this, &VellomarApp::tellProgress);
     // Folders may have come and gone while the user looked elsewhere.

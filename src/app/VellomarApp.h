@@ -32,8 +32,8 @@ namespace vellomar {
 // The application: the one engine, all that it and the window work with, and the window itself. What belongs to the
 // desktop it is given, so that it can be driven without one.
 //
-// Made and destroyed on the interface thread. Destroyed during a run it cancels the run and waits for the file under
-// way, during an undo for its end.
+// Made and destroyed on the interface thread. Destroyed during a run or a shift of dates it ends that and waits for the
+// file under way, during an undo for its end.
 class VellomarApp final : public QObject {
     Q_OBJECT
 

@@ -6,28 +6,38 @@
 #include "platform/Path.h"
 
 namespace vellomar {
+namespace {
+
+std::stop_token stoppedFromTheStart() {
+    std::stop_source source;
+    source.request_stop();
+    return source.get_token();
+}
+
+}  // namespace
 
 std::string FolderWalk::Entry::path() const {
     return joinPath(folder, name);
 }
 
 FolderWalk::FolderWalk(FileSystem& fileSystem, std::string path, std::unique_ptr<Directory> directory,
-                       std::shared_ptr<const Lineage> lineage, std::stop_token stop, HiddenNames hidden)
+                       std::shared_ptr<const Lineage> lineage, std::stop_token stop, const FolderWalkOptions& options)
     : fileSystem_(fileSystem),
       path_(std::move(path)),
       directory_(std::move(directory)),
       lineage_(std::move(lineage)),
       stop_(std::move(stop)),
-      hidden_(hidden) {}
+      options_(options) {}
 
 Expected<FolderWalk> FolderWalk::open(FileSystem& fileSystem, const std::string& folder, std::stop_token stop,
-                                      HiddenNames hidden) {
+                                      const FolderWalkOptions& options) {
     auto directory = fileSystem.openDirectory(folder, true);
     if (!directory) return tl::unexpected(directory.error());
     const auto identity = (*directory)->identity();
     if (!identity) return tl::unexpected(identity.error());
+    if (options.entered != nullptr && !options.entered->enter(*identity)) stop = stoppedFromTheStart();
     auto lineage = std::make_shared<const Lineage>(Lineage{*identity, nullptr});
-    return FolderWalk(fileSystem, folder, std::move(*directory), std::move(lineage), std::move(stop), hidden);
+    return FolderWalk(fileSystem, folder, std::move(*directory), std::move(lineage), std::move(stop), options);
 }
 
 std::optional<FolderWalk::Entry> FolderWalk::next() {
@@ -35,7 +45,7 @@ std::optional<FolderWalk::Entry> FolderWalk::next() {
         while (!stop_.stop_requested()) {
             const auto entry = directory_->next();
             if (!entry || !*entry) break;
-            if (hidden_ == HiddenNames::passedOver && (*entry)->name[0] == '.') continue;
+            if ((*entry)->name[0] == '.' && !options_.withHiddenNames) continue;
             const auto type = typeOf(**entry);
             if (!type) continue;
             if (*type == FileType::directory) found_.push_back({joinPath(path_, (*entry)->name), lineage_});
@@ -71,12 +81,17 @@ bool FolderWalk::enter(Pending folder) {
     auto directory = fileSystem_.openDirectory(folder.path, false);
     if (!directory) return false;
     const auto identity = (*directory)->identity();
-    if (!identity) return false;
-    for (const auto* ancestor = folder.parent.get(); ancestor != nullptr; ancestor = ancestor->parent.get())
-        if (ancestor->identity == *identity) return false;
+    if (!identity || !mayEnter(*identity, folder.parent.get())) return false;
     path_ = std::move(folder.path);
     directory_ = std::move(*directory);
     lineage_ = std::make_shared<const Lineage>(Lineage{*identity, std::move(folder.parent)});
+    return true;
+}
+
+bool FolderWalk::mayEnter(const FileIdentity& folder, const Lineage* parent) const {
+    if (options_.entered != nullptr) return options_.entered->enter(folder);
+    for (const auto* ancestor = parent; ancestor != nullptr; ancestor = ancestor->parent.get())
+        if (ancestor->identity == folder) return false;
     return true;
 }
 

@@ -5,13 +5,14 @@
 #include <cerrno>
 #include <fstream>
 #include <iterator>
-#include <optional>
 
 #include <fmt/format.h>
 #include <linux/magic.h>
 #include <sys/stat.h>
 #include <sys/statfs.h>
 #include <sys/sysmacros.h>
+
+#include "platform/MountTable.h"
 
 namespace vellomar {
 namespace {
@@ -76,42 +77,6 @@ constexpr std::array<std::string_view, 36> kRemoteFuseTypes = {
 };
 static_assert(std::ranges::is_sorted(kRemoteFuseTypes));
 
-struct Mount {
-    std::string_view type;    // such as "fuse.sshfs"
-    std::string_view source;  // what was mounted, in the words of the type
-};
-
-// The next word of `text`, which it takes away together with the blank behind.
-std::string_view nextWord(std::string_view& text) {
-    const auto word = text.substr(0, text.find(' '));
-    text.remove_prefix(std::min(text.size(), word.size() + 1));
-    return word;
-}
-
-// A line reads "36 35 98:0 /root /mount/point rw,noatime master:1 - type source rw", with any number of words before
-// the dash. Blanks within a word are escaped.
-std::optional<Mount> mountIn(std::string_view line, std::string_view device) {
-    constexpr std::string_view kDash = " - ";
-    const auto dash = line.find(kDash);
-    if (dash == std::string_view::npos) return std::nullopt;
-    auto front = line.substr(0, dash);
-    nextWord(front);
-    nextWord(front);
-    if (nextWord(front) != device) return std::nullopt;
-    auto back = line.substr(dash + kDash.size());
-    const auto type = nextWord(back);
-    return Mount{type, nextWord(back)};
-}
-
-std::optional<Mount> findMount(std::string_view mountInfo, std::string_view device) {
-    while (!mountInfo.empty()) {
-        const auto line = mountInfo.substr(0, mountInfo.find('\n'));
-        if (const auto mount = mountIn(line, device)) return mount;
-        mountInfo.remove_prefix(std::min(mountInfo.size(), line.size() + 1));
-    }
-    return std::nullopt;
-}
-
 // "https://server/folder", "sshfs#user@server:folder". Some programs do not tell their name, but what they mounted.
 bool namesServer(std::string_view source) {
     return source.find("://") != std::string_view::npos || source.find('#') != std::string_view::npos;
@@ -136,8 +101,9 @@ std::string readMountInfo() {
 bool isLocalVolume(const VolumeKind& volume, std::string_view mountInfo) {
     if (!isFuse(volume)) return std::ranges::find(kRemoteTypes, volume.fileSystemType) == kRemoteTypes.end();
     const auto device = fmt::format("{}:{}", volume.deviceMajor, volume.deviceMinor);
-    const auto mount = findMount(mountInfo, device);
-    return !mount || !isRemoteFuse(*mount);
+    const auto mounts = mountsIn(mountInfo);
+    const auto mount = std::ranges::find(mounts, device, &Mount::device);
+    return mount == mounts.end() || !isRemoteFuse(*mount);
 }
 
 Expected<bool> readVolumeLocality(const std::string& path) {

@@ -15,24 +15,18 @@ bool hasCameraFolder(FileSystem& fileSystem, const Mount& mount) {
 
 }  // namespace
 
-struct CameraCards::Link {
-    std::function<void(const std::string&)> whenMounted;  // the main actor's; empty once the cards are gone
-};
-
 CameraCards::CameraCards(MainActor& mainActor, FileSystem& fileSystem, MountWatcher& watcher,
                          std::function<void(const std::string&)> whenMounted)
-    : link_(std::make_shared<Link>(Link{std::move(whenMounted)})) {
-    auto watch = watcher.watch([&mainActor, &fileSystem, link = link_](const Mount& mount) {
-        if (!hasCameraFolder(fileSystem, mount)) return;
-        mainActor.post([link, card = mount.path] {
-            if (link->whenMounted) link->whenMounted(card);
-        });
+    : whenMounted_(std::move(whenMounted)), port_(std::make_shared<MainActorPort<CameraCards>>(mainActor, *this)) {
+    auto watch = watcher.watch([port = port_, &fileSystem](const Mount& mount) {
+        if (hasCameraFolder(fileSystem, mount))
+            port->post([card = mount.path](CameraCards& cards) { cards.whenMounted_(card); });
     });
     if (watch) watch_ = *std::move(watch);
 }
 
 CameraCards::~CameraCards() {
-    link_->whenMounted = {};
+    port_->close();
 }
 
 }  // namespace vellomar

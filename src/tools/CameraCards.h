@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/FileSystem.h"
-#include "platform/MainActor.h"
+#include "platform/MainActorPort.h"
 #include "platform/watch/MountWatcher.h"
 
 namespace vellomar {
@@ -26,9 +26,8 @@ public:
     CameraCards& operator=(const CameraCards&) = delete;
 
 private:
-    struct Link;
-
-    std::shared_ptr<Link> link_;
+    const std::function<void(const std::string&)> whenMounted_;
+    const std::shared_ptr<MainActorPort<CameraCards>> port_;
     std::unique_ptr<MountWatch> watch_;  // goes first
 };
 

@@ -36,26 +36,15 @@ bool liesIn(FileSystem& fileSystem, std::string folder, const std::string& top) 
 
 }  // namespace
 
-struct WatchFolderMonitor::Link {
-    MainActor& mainActor;
-    WatchFolderMonitor* monitor;  // the main actor's; null once it is gone
-
-    static void post(const std::shared_ptr<Link>& link, std::function<void(WatchFolderMonitor&)> work) {
-        link->mainActor.post([link, work = std::move(work)] {
-            if (link->monitor != nullptr) work(*link->monitor);
-        });
-    }
-};
-
 WatchFolderMonitor::WatchFolderMonitor(std::weak_ptr<OrganizerEngine> engine, const Surroundings& surroundings,
                                        std::function<void()> whenChanged)
     : engine_(std::move(engine)),
       surroundings_(surroundings),
       whenChanged_(std::move(whenChanged)),
-      link_(std::make_shared<Link>(Link{surroundings.mainActor, this})) {}
+      port_(std::make_shared<MainActorPort<WatchFolderMonitor>>(surroundings.mainActor, *this)) {}
 
 WatchFolderMonitor::~WatchFolderMonitor() {
-    link_->monitor = nullptr;
+    port_->close();
     stop_.request_stop();
 }
 
@@ -80,7 +69,7 @@ void WatchFolderMonitor::stop() {
 }
 
 void WatchFolderMonitor::appendWatchLog(std::string message) {
-    Link::post(link_, [message = std::move(message)](WatchFolderMonitor& monitor) {
+    port_->post([message = std::move(message)](WatchFolderMonitor& monitor) {
         monitor.log_.push_front(fmt::format("[{}] {}", timeOfDayText(monitor.surroundings_.clock.now()), message));
         if (monitor.log_.size() > kMostLines) monitor.log_.resize(kMostLines);
         monitor.changed();
@@ -89,21 +78,21 @@ void WatchFolderMonitor::appendWatchLog(std::string message) {
 
 // Files are looked at on the watch's thread, so that the main actor waits for no disk.
 FolderWatcher::Deliver WatchFolderMonitor::taker() const {
-    return [link = link_, stop = stop_.get_token(), &fileSystem = surroundings_.fileSystem, source = watchedPath_,
+    return [port = port_, stop = stop_.get_token(), &fileSystem = surroundings_.fileSystem, source = watchedPath_,
             destination = destPath_](const FolderChanges& changes) {
         Arrivals arrivals{0, changes.since, liesIn(fileSystem, destination, source)};
         for (const auto& path : changes.paths) {
             if (stop.stop_requested()) return;
             if (isArrival(fileSystem, path)) ++arrivals.count;
         }
-        Link::post(link, [arrivals](WatchFolderMonitor& monitor) { monitor.take(arrivals); });
+        port->post([arrivals](WatchFolderMonitor& monitor) { monitor.take(arrivals); });
     };
 }
 
 void WatchFolderMonitor::take(const Arrivals& arrivals) {
     const auto engine = engine_.lock();
     if (!engine || !pendingOptions_ || !isWatching_) return;
-    if (engine->state().isRunning || engine->hasTask() || isOwnWork(arrivals)) return;
+    if (engine->state().isRunning || engine->hasTask() || isHeldUp_ || isOwnWork(arrivals)) return;
     if (arrivals.count == 0) return;
     appendWatchLog(fmt::format("{} new file(s) detected — sorting…", arrivals.count));
     lastActivity_ = surroundings_.clock.now();

@@ -14,7 +14,7 @@
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/Instant.h"
-#include "platform/MainActor.h"
+#include "platform/MainActorPort.h"
 #include "platform/watch/FolderWatcher.h"
 
 namespace vellomar {
@@ -47,6 +47,10 @@ public:
 
     void stop();
 
+    // While held up, because something else works on the files, no run is begun; what arrives is dropped, as during a
+    // run.
+    void setHeldUp(bool isHeldUp) { isHeldUp_ = isHeldUp; }
+
     // To be called when a run has ended, whoever began it.
     void noteRunEnd() { lastRunEnd_ = surroundings_.clock.steadyNow(); }
 
@@ -73,7 +77,6 @@ private:
         std::chrono::steady_clock::time_point since;
         bool mayBeOurs = false;  // the destination lies in the watched folder
     };
-    struct Link;
 
     [[nodiscard]] FolderWatcher::Deliver taker() const;
     void take(const Arrivals& arrivals);
@@ -91,9 +94,10 @@ private:
     std::optional<std::chrono::steady_clock::time_point> lastRunEnd_;
     std::deque<std::string> log_;
     bool isWatching_ = false;
-    std::shared_ptr<Link> link_;           // by which other threads reach this; cut when it goes
-    std::stop_source stop_;                // ends the delivery under way
-    std::unique_ptr<FolderWatch> stream_;  // goes first
+    bool isHeldUp_ = false;
+    const std::shared_ptr<MainActorPort<WatchFolderMonitor>> port_;  // by which other threads reach this
+    std::stop_source stop_;                                          // ends the delivery under way
+    std::unique_ptr<FolderWatch> stream_;                            // goes first
 };
 
 }  // namespace vellomar

@@ -242,38 +242,6 @@ TEST_P(LayoutTest, WithRenameRules) {
     look("rules-counted");
 }
 
-TEST_P(LayoutTest, WithTheWatchedFolder) {
-    user.start();
-    user.press("WATCH");
-    look("watch-without-folders");
-    keepSources({library.makeFolder("a rather long name of a folder/" + std::string(200, 'n'))});
-    user.start();
-    user.press("WATCH");
-    look("watch-ready");
-    user.press("START WATCHING");
-    library.write("a rather long name of a folder/" + std::string(200, 'n') + "/IMG_20240102_030405.jpg");
-    ASSERT_TRUE(spinUntil([&] { return user.app().content().watch()->filesProcessed() == 1; }));
-    user.waitForEnd();
-    look("watch-active");
-    user.press("STOP WATCHING");
-    look("watch-stopped");
-}
-
-TEST_P(LayoutTest, WithACameraCard) {
-    user.start();
-    const auto card = library / ("media/" + std::string(255, 'c'));
-    library.makeFolder("media/" + std::string(255, 'c') + "/DCIM");
-    user.mounts().mount(card);
-    ASSERT_TRUE(spinUntil([&] { return user.isOpen("CAMERA CARD DETECTED"); }));
-    look("card-long-name");
-    library.makeFolder("EOS_DIGITAL/DCIM");
-    user.mounts().mount(library / "EOS_DIGITAL");
-    ASSERT_TRUE(spinUntil([&] { return user.app().content().cards()->volumeName() == "EOS_DIGITAL"; }));
-    look("card");
-    user.tap("Use card root");
-    look("card-root");
-}
-
 TEST_P(LayoutTest, ItsPartsHaveTheirSizesAndColours) {
     library.write("in/a.jpg");
     keepSources({library / "in", library.makeFolder("out")});

@@ -18,6 +18,7 @@ using Ops = std::map<std::string, Op, std::less<>>;
 void addFileOps(Ops& ops);    // on single files and texts
 void addNamingOps(Ops& ops);  // dates, decisions and destinations
 void addLookOps(Ops& ops);    // looks before a run: integrity check and estimate
+void addShiftOps(Ops& ops);   // the texts of a shift of dates
 
 // What files, sidecars and ExifTool tell; whole runs and their manifests. The surroundings must outlive the operations.
 void addMetadataOps(Ops& ops, Surroundings& surroundings);

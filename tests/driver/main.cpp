@@ -34,6 +34,7 @@ void answerAll(std::istream& requests, std::ostream& answers) {
     addFileOps(ops);
     addNamingOps(ops);
     addLookOps(ops);
+    addShiftOps(ops);
     addMetadataOps(ops, surroundings);
     addEngineOps(ops, surroundings);
     addWatchOps(ops, surroundings);

@@ -19,9 +19,10 @@ using ::testing::IsEmpty;
 using testing::TemporaryFolder;
 using ::testing::UnorderedElementsAre;
 
-std::vector<std::string> pathsBelow(FileSystem& fileSystem, const std::string& source) {
+std::vector<std::string> pathsBelow(FileSystem& fileSystem, const std::string& source,
+                                    const FolderWalkOptions& options = {}) {
     std::vector<std::string> paths;
-    auto walk = FolderWalk::open(fileSystem, source);
+    auto walk = FolderWalk::open(fileSystem, source, {}, options);
     EXPECT_TRUE(walk);
     if (!walk) return paths;
     while (const auto entry = walk->next())
@@ -49,6 +50,31 @@ TEST(FolderWalk, PassesOverHiddenNamesAndAllBelowThem) {
     folder.write(".hidden/a.jpg");
     folder.write("seen.jpg");
     EXPECT_THAT(pathsBelow(folder.path()), ElementsAre("seen.jpg"));
+}
+
+TEST(FolderWalk, TellsHiddenNamesAndAllBelowThemWhenAskedFor) {
+    const TemporaryFolder folder;
+    folder.write(".hidden.jpg");
+    folder.write(".hidden/.a.jpg");
+    folder.write("seen.jpg");
+    LinuxFileSystem fileSystem;
+    EXPECT_THAT(pathsBelow(fileSystem, folder.path(), {.withHiddenNames = true}),
+                UnorderedElementsAre(".hidden.jpg", ".hidden", ".hidden/.a.jpg", "seen.jpg"));
+}
+
+TEST(FolderWalk, LeavesOutWhatAWalkBeforeItHasEntered) {
+    const TemporaryFolder folder;
+    folder.write("a.jpg");
+    folder.write("sub/b.jpg");
+    folder.write("sub/deeper/c.jpg");
+    LinuxFileSystem fileSystem;
+    EnteredFolders entered;
+    const FolderWalkOptions options = {.withHiddenNames = false, .entered = &entered};
+    EXPECT_THAT(pathsBelow(fileSystem, folder / "sub/deeper", options), ElementsAre("c.jpg"));
+    EXPECT_THAT(pathsBelow(fileSystem, folder / "sub/../sub/deeper", options), IsEmpty());
+    EXPECT_THAT(pathsBelow(fileSystem, folder.path(), options),
+                UnorderedElementsAre("a.jpg", "sub", "sub/b.jpg", "sub/deeper"));
+    EXPECT_THAT(pathsBelow(fileSystem, folder / "sub", options), IsEmpty());
 }
 
 TEST(FolderWalk, TellsSymlinksButFollowsNone) {
@@ -147,6 +173,9 @@ TEST(FolderWalk, EndsOnAFolderThatHoldsItself) {
     LoopingFileSystem fileSystem(disk, folder.path());
     EXPECT_THAT(pathsBelow(fileSystem, folder.path()), UnorderedElementsAre("a.jpg", "again"));
     EXPECT_EQ(fileSystem.opened, 2);
+    EnteredFolders entered;
+    EXPECT_THAT(pathsBelow(fileSystem, folder.path(), {.withHiddenNames = false, .entered = &entered}),
+                UnorderedElementsAre("a.jpg", "again"));
 }
 
 TEST(FolderWalk, LeavesOutAFolderThatVanishedMeanwhile) {

@@ -64,7 +64,9 @@ public:
         return std::make_unique<MountWatch>();
     }
 
-    void mount(const std::string& path, const std::string& type = "vfat") { deliver_({path, path, type}); }
+    void mount(const std::string& path, const std::string& type = "vfat") {
+        deliver_({.key = path, .device = {}, .path = path, .type = type, .source = {}});
+    }
 
     bool isRefusing = false;
 

@@ -166,6 +166,20 @@ TEST_F(WatchFolderMonitorTest, ArrivalsDuringARunAreDropped) {
     EXPECT_EQ(monitor_.filesProcessed(), 1U);
 }
 
+TEST_F(WatchFolderMonitorTest, ArrivalsWhileItIsHeldUpAreDropped) {
+    const auto photo = source_.write("a.jpg");
+    start();
+    monitor_.setHeldUp(true);
+    watcher_.tell({photo});
+    settle();
+    EXPECT_EQ(monitor_.filesProcessed(), 0U);
+    EXPECT_THAT(harness_.observer.allLogLines, IsEmpty());
+    monitor_.setHeldUp(false);
+    watcher_.tell({photo});
+    settle();
+    EXPECT_EQ(monitor_.filesProcessed(), 1U);
+}
+
 TEST_F(WatchFolderMonitorTest, StartWhileWatchingChangesNothing) {
     const TemporaryFolder other;
     start(true);

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "platform/Error.h"
-#include "platform/watch/MountTable.h"
+#include "platform/MountTable.h"
 
 namespace vellomar {
 

@@ -171,7 +171,7 @@ bool TreeWatch::isNew(Look look, const std::string& path, const FileStatus& file
 
 template <typename Take>
 bool TreeWatch::walk(const std::string& folder, const std::stop_token& stop, Take take) {
-    auto opened = FolderWalk::open(setup_.fileSystem, folder, stop, HiddenNames::included);
+    auto opened = FolderWalk::open(setup_.fileSystem, folder, stop, {.withHiddenNames = true, .entered = nullptr});
     if (!opened) return false;
     while (const auto entry = opened->next()) {
         // A folder is watched before it is listed: rather is a file told twice than not at all.

@@ -14,7 +14,8 @@ Item {
         property: "isOneOpen"
         delayed: true
         value: dryRun.visible || realRun.visible || undo.visible || presets.visible || rules.visible || watch.visible
-            || duplicates.visible || statistics.visible || hashAlert.visible || overwriteAlert.visible || inspector.visible || quit.visible
+            || duplicates.visible || statistics.visible || dates.visible || hashAlert.visible || overwriteAlert.visible
+            || inspector.visible || quit.visible
     }
 
     DryRunConfirmSheet {
@@ -69,6 +70,12 @@ Item {
         id: statistics
         model: sheets.content.statistics
         visible: sheets.content.statistics.isOpen
+    }
+    DateCorrectionView {
+        id: dates
+        model: sheets.content.dates
+        visible: sheets.content.dates.isOpen
+        lacksExifTool: sheets.content.lacksExifTool
     }
     AlertSheet {
         id: hashAlert

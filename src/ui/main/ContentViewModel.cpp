@@ -24,9 +24,12 @@ ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* pa
       run_(surroundings.engine, surroundings.events, surroundings.settings, folders_.sourceList()),
       undo_({surroundings.engine, surroundings.events, surroundings.settings, surroundings.fileSystem,
              surroundings.chooser, surroundings.background}),
+      shift_({surroundings.mainActor, surroundings.fileSystem, surroundings.exifTool, surroundings.sleepInhibitor}),
+      dates_({folders_.sourceList(), surroundings.engine, surroundings.events, shift_, surroundings.fileSystem,
+              surroundings.chooser, surroundings.background}),
       exports_({surroundings.engine.state(), log_, surroundings.clock, surroundings.fileSystem, surroundings.chooser,
                 surroundings.background}),
-      quit_(surroundings.engine, surroundings.events),
+      quit_(surroundings.engine, surroundings.events, shift_),
       naming_(surroundings.settings),
       options_(surroundings.settings,
                [this] { return mayHashForHours(run_.estimate(), !folders_.sourceList().entries().empty()); }),
@@ -45,6 +48,7 @@ ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* pa
     connectSettings();
     connectLists();
     connectCards();
+    connectDates();
 }
 
 void ContentViewModel::appear() {
@@ -142,6 +146,18 @@ void ContentViewModel::connectLists() {
 
 void ContentViewModel::connectCards() {
     connect(&cards_, &CardImport::sourceChosen, &folders_, &Folders::addSource);
+}
+
+void ContentViewModel::connectDates() {
+    connect(&folders_, &Folders::sourcesChanged, &dates_, &DateCorrection::noteSources);
+    // A shift rewrites files in place: no run is to copy one of them half-way, and no undo to move it.
+    connect(&shift_, &DateShiftRun::changed, this, [this] {
+        run_.setHeldUp(shift_.isRunning());
+        undo_.setHeldUp(shift_.isRunning());
+        watch_.setHeldUp(shift_.isRunning());
+    });
+    connect(&dates_, &DateCorrection::noticeChanged, this,
+            [this] { notices_.tell(QStringLiteral("shift"), dates_.notice(), Notices::Kind::news); });
 }
 
 void ContentViewModel::tellOfDamage() {

@@ -14,12 +14,15 @@
 #include "platform/Clock.h"
 #include "platform/FileSystem.h"
 #include "platform/MainActor.h"
+#include "platform/SleepInhibitor.h"
 #include "platform/watch/FolderWatcher.h"
 #include "platform/watch/MountWatcher.h"
 #include "settings/SettingsStore.h"
 #include "tools/CameraCards.h"
 #include "ui/cards/CardImport.h"
 #include "ui/confirmation/ConfirmationModel.h"
+#include "ui/dates/DateCorrection.h"
+#include "ui/dates/DateShiftRun.h"
 #include "ui/desktop/BackgroundWork.h"
 #include "ui/desktop/FileChooser.h"
 #include "ui/desktop/FileReveal.h"
@@ -73,6 +76,7 @@ class ContentViewModel final : public QObject {
     Q_PROPERTY(vellomar::CardImport* cards READ cards CONSTANT)
     Q_PROPERTY(vellomar::DuplicateViewerModel* duplicates READ duplicates CONSTANT)
     Q_PROPERTY(vellomar::LibraryStatsModel* statistics READ statistics CONSTANT)
+    Q_PROPERTY(vellomar::DateCorrection* dates READ dates CONSTANT)
     Q_PROPERTY(QVariantList config READ config NOTIFY configChanged)
     Q_PROPERTY(bool hasBanner READ hasBanner NOTIFY bannerChanged)
     Q_PROPERTY(QString bannerSymbol READ bannerSymbol NOTIFY bannerChanged)
@@ -100,6 +104,7 @@ public:
         BackgroundWork& background;
         FolderWatcher& folderWatcher;
         MountWatcher& mounts;
+        SleepInhibitor& sleepInhibitor;
     };
 
     explicit ContentViewModel(const Surroundings& surroundings, QObject* parent = nullptr);
@@ -124,6 +129,7 @@ public:
 
     [[nodiscard]] PresetsModel* presets() { return &presets_; }
     [[nodiscard]] RenameRulesModel* rules() { return &rules_; }
+    [[nodiscard]] DateCorrection* dates() { return &dates_; }
 
     [[nodiscard]] WatchFolder* watch() { return &watch_; }
     [[nodiscard]] CardImport* cards() { return &cards_; }
@@ -164,6 +170,7 @@ private:
     void connectSettings();
     void connectLists();
     void connectCards();
+    void connectDates();
     void tellOfDamage();
     void tellOfSaving();
     void lookForExifTool();
@@ -177,6 +184,8 @@ private:
     Folders folders_;
     RunFlow run_;
     UndoFlow undo_;
+    DateShiftRun shift_;
+    DateCorrection dates_;
     Exports exports_;
     QuitFlow quit_;
     Notices notices_;

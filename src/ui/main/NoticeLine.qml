@@ -2,17 +2,19 @@ import QtQuick
 import QtQuick.Layouts
 import Vellomar
 
-// One thing that is amiss, and a way to put it away.
+// One thing that is amiss, or some news, and a way to put it away.
 Rectangle {
     id: line
 
     required property int index
     required property string text
+    required property bool isNews
+    readonly property color colour: isNews ? Theme.text : Theme.alertRed
 
     signal dismissed
 
     implicitHeight: row.implicitHeight + 12
-    color: Theme.errorBar
+    color: isNews ? Theme.yellowTint : Theme.errorBar
 
     RowLayout {
         id: row
@@ -26,13 +28,13 @@ Rectangle {
         spacing: 8
 
         Symbol {
-            name: "exclamationmark.triangle.fill"
-            colour: Theme.alertRed
+            name: line.isNews ? "info.circle" : "exclamationmark.triangle.fill"
+            colour: line.isNews ? Theme.yellow : Theme.alertRed
             size: 12
         }
         BodyText {
             text: line.text
-            colour: Theme.alertRed
+            colour: line.colour
             Accessible.role: Accessible.AlertMessage
             Layout.fillWidth: true
         }

@@ -11,20 +11,25 @@ int Notices::rowCount(const QModelIndex& parent) const {
 
 QVariant Notices::data(const QModelIndex& index, int role) const {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid)) return {};
-    if (role != textRole && role != Qt::DisplayRole) return {};
-    return entries_[index.row()].text;
+    const auto& entry = entries_[index.row()];
+    switch (role) {
+        case textRole:
+        case Qt::DisplayRole: return entry.text;
+        case isNewsRole: return entry.kind == Kind::news;
+        default: return {};
+    }
 }
 
 QHash<int, QByteArray> Notices::roleNames() const {
-    return {{textRole, "text"}};
+    return {{textRole, "text"}, {isNewsRole, "isNews"}};
 }
 
-void Notices::tell(const QString& matter, const QString& text) {
+void Notices::tell(const QString& matter, const QString& text, Kind kind) {
     const auto found = std::ranges::find(entries_, matter, &Entry::matter);
     if (found != entries_.end()) removeAt(found - entries_.begin());
     if (text.isEmpty()) return;
     beginInsertRows({}, count(), count());
-    entries_.append({matter, text});
+    entries_.append({matter, text, kind});
     endInsertRows();
     emit countChanged();
 }

@@ -8,8 +8,8 @@
 
 namespace vellomar {
 
-// Short messages across the window's top about what is wrong around the program, until they are put away: settings that
-// cannot be kept, a folder that was refused. Interface thread only.
+// Short messages across the window's top, until they are put away: about what is wrong around the program (settings
+// that cannot be kept, a folder that was refused), or news of work that nothing else shows. Interface thread only.
 class Notices : public QAbstractListModel {
     Q_OBJECT
     QML_ELEMENT
@@ -17,7 +17,8 @@ class Notices : public QAbstractListModel {
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
-    enum Role { textRole = Qt::UserRole };
+    enum Role { textRole = Qt::UserRole, isNewsRole };
+    enum class Kind { problem, news };
 
     using QAbstractListModel::QAbstractListModel;
 
@@ -27,7 +28,7 @@ public:
     [[nodiscard]] int count() const { return static_cast<int>(entries_.size()); }
 
     // One message about each matter: a later one replaces it, an empty one takes it away.
-    void tell(const QString& matter, const QString& text);
+    void tell(const QString& matter, const QString& text, Kind kind = Kind::problem);
 
     Q_INVOKABLE void dismiss(int row);
 
@@ -38,6 +39,7 @@ private:
     struct Entry {
         QString matter;
         QString text;
+        Kind kind = Kind::problem;
     };
 
     void removeAt(qsizetype row);

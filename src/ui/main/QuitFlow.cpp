@@ -2,19 +2,29 @@
 
 namespace vellomar {
 
-QuitFlow::QuitFlow(OrganizerEngine& engine, const EngineEvents& events, QObject* parent)
-    : QObject(parent), engine_(engine) {
+QuitFlow::QuitFlow(OrganizerEngine& engine, const EngineEvents& events, DateShiftRun& shift, QObject* parent)
+    : QObject(parent), engine_(engine), shift_(shift) {
     connect(&events, &EngineEvents::changed, this, [this](PublishedField field) {
         if (field == PublishedField::isRunning) look();
     });
+    connect(&shift_, &DateShiftRun::changed, this, &QuitFlow::look);
 }
 
 QString QuitFlow::question() const {
+    if (shift_.isRunning()) return shiftQuestion();
     if (engine_.hasTask())
         return tr(
             "A run is under way. Quitting cancels it behind the file that is being worked on; what is done so far "
             "stays, and can be undone.");
     return tr("An undo is under way. It goes on to its end, and then Vellomar quits.");
+}
+
+QString QuitFlow::shiftQuestion() const {
+    const auto& shift = shift_.state();
+    return tr("Dates are being shifted: %1 of %2 files so far. Quitting stops behind the file that is being worked "
+              "on; what is shifted stays so, and the other files are not changed.")
+        .arg(shift.done)
+        .arg(shift.files);
 }
 
 bool QuitFlow::mayClose() {
@@ -32,15 +42,16 @@ void QuitFlow::stay() {
 void QuitFlow::quit() {
     isAsked_ = false;
     isQuitting_ = true;
-    engine_.cancelRun();
+    if (engine_.state().isRunning || engine_.hasTask()) engine_.cancelRun();
+    shift_.stop();
     emit changed();
     look();
 }
 
 void QuitFlow::look() {
-    if (isBusy()) return;
-    isAsked_ = false;
+    if (!isBusy()) isAsked_ = false;
     emit changed();
+    if (isBusy()) return;
     if (isQuitting_) emit finished();
 }
 

@@ -6,12 +6,13 @@
 #include <QtQml/qqmlregistration.h>
 
 #include "engine/OrganizerEngine.h"
+#include "ui/dates/DateShiftRun.h"
 #include "ui/main/EngineEvents.h"
 
 namespace vellomar {
 
 // The end of the program: at once when nothing is under way, else only after the user said so and the file under way is
-// done. An undo, which nothing stops, is waited for. Interface thread only.
+// done, be it a run's or that of a shift of dates. An undo, which nothing stops, is waited for. Interface thread only.
 class QuitFlow final : public QObject {
     Q_OBJECT
     QML_ELEMENT
@@ -21,8 +22,8 @@ class QuitFlow final : public QObject {
     Q_PROPERTY(QString question READ question NOTIFY changed)
 
 public:
-    // The engine must outlive this.
-    QuitFlow(OrganizerEngine& engine, const EngineEvents& events, QObject* parent = nullptr);
+    // The engine and the shift must outlive this.
+    QuitFlow(OrganizerEngine& engine, const EngineEvents& events, DateShiftRun& shift, QObject* parent = nullptr);
 
     // Whether the question is open.
     [[nodiscard]] bool isAsked() const { return isAsked_; }
@@ -45,10 +46,12 @@ signals:
     void finished();
 
 private:
-    [[nodiscard]] bool isBusy() const { return engine_.state().isRunning; }
+    [[nodiscard]] bool isBusy() const { return engine_.state().isRunning || shift_.isRunning(); }
+    [[nodiscard]] QString shiftQuestion() const;
     void look();
 
     OrganizerEngine& engine_;
+    DateShiftRun& shift_;
     bool isAsked_ = false;
     bool isQuitting_ = false;
 };

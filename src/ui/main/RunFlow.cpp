@@ -23,6 +23,10 @@ bool RunFlow::canRun() const {
     return hasFolders() && (options.includeImages || options.includeVideos || options.includeOther);
 }
 
+void RunFlow::setHeldUp(bool isHeldUp) {
+    if (std::exchange(isHeldUp_, isHeldUp) != isHeldUp) emit changed();
+}
+
 bool RunFlow::canEstimate() const {
     return !engine_.state().isRunning && !isEstimating_ && !sources_.entries().empty();
 }
@@ -60,7 +64,7 @@ void RunFlow::dismissDryRun() {
 }
 
 void RunFlow::askRun() {
-    if (!hasFolders() || engine_.state().isRunning) return;
+    if (!hasFolders() || engine_.state().isRunning || isHeldUp_) return;
     auto run = nextRun();
     run.options.dryRun = false;
     engine_.setRenameRules(renameRules_);

@@ -39,7 +39,10 @@ public:
     [[nodiscard]] bool canRun() const;
 
     // The same, and nothing is under way.
-    [[nodiscard]] bool canStart() const { return canRun() && !engine_.state().isRunning; }
+    [[nodiscard]] bool canStart() const { return canRun() && !engine_.state().isRunning && !isHeldUp_; }
+
+    // Whether runs have to wait for something else that works on files.
+    void setHeldUp(bool isHeldUp);
 
     [[nodiscard]] bool canEstimate() const;
 
@@ -108,6 +111,7 @@ private:
     std::optional<RunPayload> pendingRun_;
     bool isEstimating_ = false;
     bool isDryRunAsked_ = false;
+    bool isHeldUp_ = false;
 };
 
 }  // namespace vellomar

@@ -20,4 +20,9 @@ Flow {
         symbol: "pencil"
         onClicked: tools.content.rules.open()
     }
+    ToolRowButton {
+        text: qsTr("DATE CORRECTION")
+        symbol: "clock.badge.checkmark"
+        onClicked: tools.content.dates.open()
+    }
 }

@@ -18,7 +18,11 @@ UndoFlow::UndoFlow(const Surroundings& surroundings, QObject* parent)
 }
 
 bool UndoFlow::canOpen() const {
-    return !surroundings_.settings.text(keys::kDestPath).empty() && !isBusy() && !isLoading_;
+    return !surroundings_.settings.text(keys::kDestPath).empty() && !isBusy() && !isLoading_ && !isHeldUp_;
+}
+
+void UndoFlow::setHeldUp(bool isHeldUp) {
+    if (std::exchange(isHeldUp_, isHeldUp) != isHeldUp) emit changed();
 }
 
 void UndoFlow::open() {

@@ -51,6 +51,9 @@ public:
     [[nodiscard]] bool isUndoing() const { return isUndoing_; }
     [[nodiscard]] UndoSheetModel* sheet() { return &sheet_; }
 
+    // Whether undos have to wait for something else that works on files.
+    void setHeldUp(bool isHeldUp);
+
     Q_INVOKABLE void open();
     Q_INVOKABLE void dismiss();
 
@@ -72,6 +75,7 @@ private:
     bool isOpen_ = false;
     bool isLoading_ = false;
     bool isUndoing_ = false;
+    bool isHeldUp_ = false;
 };
 
 }  // namespace vellomar

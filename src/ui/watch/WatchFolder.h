@@ -78,6 +78,9 @@ public:
     // Does nothing while watching: those options are settled.
     Q_INVOKABLE void setDryRun(bool isDryRun);
 
+    // While held up, because something else works on the files, arrivals begin no run.
+    void setHeldUp(bool isHeldUp) { monitor_.setHeldUp(isHeldUp); }
+
     // To be called when the list of sources has changed.
     void noteSources() { emit changed(); }
 

@@ -35,13 +35,18 @@ QString valueOf(ConfirmationModel& model, const QString& key) {
     return {};
 }
 
+// What the one notice says.
+QString noticeOf(ContentViewModel& content) {
+    return content.notices()->index(0).data(Notices::textRole).toString();
+}
+
 class ContentViewModelTest : public ::testing::Test {
 protected:
     // What is in `settings` counts when the content is made.
     void makeContent() {
         content = std::make_unique<ContentViewModel>(ContentViewModel::Surroundings{
             *engine, engine.shared(), engine.events(), engine.mainActor(), *settings, fileSystem, clock, exifTool,
-            chooser, fileFacts, reveal, links, background, folderWatcher, mounts});
+            chooser, fileFacts, reveal, links, background, folderWatcher, mounts, sleepInhibitor});
         content->appear();
     }
 
@@ -65,6 +70,7 @@ protected:
     BackgroundWork background;
     testing::ScriptedFolderWatcher folderWatcher;
     testing::ScriptedMountWatcher mounts;
+    testing::CountingSleepInhibitor sleepInhibitor;
     std::unique_ptr<ContentViewModel> content;
 };
 
@@ -196,6 +202,39 @@ TEST_F(ContentViewModelTest, FloppyModeIsKept) {
     content->toggleFloppyMode();
     EXPECT_FALSE(content->floppyMode());
     EXPECT_EQ(changes, 2);
+}
+
+TEST_F(ContentViewModelTest, AShiftOfDatesHoldsRunsAndUndosUp) {
+    setFolders();
+    makeContent();
+    auto& dates = *content->dates();
+    dates.open();
+    EXPECT_TRUE(content->run()->canStart());
+    EXPECT_TRUE(content->undo()->canOpen());
+    dates.applyShift();
+    EXPECT_FALSE(content->run()->canStart());
+    EXPECT_FALSE(content->undo()->canOpen());
+    EXPECT_FALSE(content->quit()->mayClose());
+    dates.close();
+    ASSERT_EQ(content->notices()->count(), 1);
+    EXPECT_TRUE(noticeOf(*content).contains("Dates are being shifted."));
+    EXPECT_TRUE(content->notices()->index(0).data(Notices::isNewsRole).toBool()) << "nothing is wrong";
+    ASSERT_TRUE(spinUntil([&] { return !dates.isRunning(); }));
+    EXPECT_TRUE(content->run()->canStart());
+    EXPECT_TRUE(content->undo()->canOpen());
+    EXPECT_EQ(noticeOf(*content), "Done — shifted 1 file by 0 hours");
+    dates.open();
+    EXPECT_EQ(content->notices()->count(), 0);
+}
+
+TEST_F(ContentViewModelTest, TheFoldersToShiftFollowTheSources) {
+    setFolders();
+    makeContent();
+    content->dates()->open();
+    EXPECT_EQ(content->dates()->folders().size(), 1);
+    content->folders()->clearSources();
+    EXPECT_EQ(content->dates()->folders().size(), 0);
+    ASSERT_TRUE(spinUntil([&] { return content->dates()->countText() == "0 images found"; }));
 }
 
 TEST_F(ContentViewModelTest, ARefusedFolderIsANotice) {

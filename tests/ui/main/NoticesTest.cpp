@@ -31,6 +31,14 @@ TEST(Notices, TellOneThingAboutEachMatter) {
     EXPECT_EQ(notices.count(), 1);
 }
 
+TEST(Notices, AreProblemsUnlessTheyAreNews) {
+    Notices notices;
+    notices.tell("a", "1");
+    notices.tell("b", "2", Notices::Kind::news);
+    EXPECT_FALSE(notices.index(0).data(Notices::isNewsRole).toBool());
+    EXPECT_TRUE(notices.index(1).data(Notices::isNewsRole).toBool());
+}
+
 TEST(Notices, CanBePutAway) {
     Notices notices;
     notices.tell("a", "1");

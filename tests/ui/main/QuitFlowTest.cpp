@@ -3,6 +3,7 @@
 #include "support/TemporaryFolder.h"
 #include "ui/LiveEngine.h"
 #include "ui/QtPrinters.h"
+#include "ui/dates/ShiftUnderWay.h"
 #include "ui/main/QuitFlow.h"
 
 namespace vellomar {
@@ -30,7 +31,8 @@ protected:
 
     TemporaryFolder library{TemporaryFolder::Where::inMemory};
     LiveEngine engine;
-    QuitFlow flow{*engine, engine.events()};
+    testing::ShiftUnderWay under;
+    QuitFlow flow{*engine, engine.events(), under.shift()};
     int ends = 0;
 };
 
@@ -81,6 +83,60 @@ TEST_F(QuitFlowTest, AnUndoIsWaitedFor) {
     flow.quit();
     EXPECT_EQ(ends, 0);
     ASSERT_TRUE(spinUntil([&] { return ends == 1; }));
+}
+
+class QuitFlowDuringAShift : public QuitFlowTest {
+protected:
+    QuitFlowDuringAShift() {
+        for (int i = 0; i < 3; ++i)
+            library.write("photos/" + std::to_string(i) + ".jpg");
+        under.shift().applyShift({library / "photos"}, {0, 5});
+        under.waitUntilBusy();
+    }
+};
+
+TEST_F(QuitFlowDuringAShift, ItAsksFirst) {
+    EXPECT_FALSE(flow.mayClose());
+    EXPECT_TRUE(flow.isAsked());
+    EXPECT_THAT(flow.question().toStdString(), ::testing::StartsWith("Dates are being shifted: 0 of "));
+    flow.stay();
+    EXPECT_FALSE(flow.isAsked());
+    under.letGo();
+    under.waitForEnd();
+    EXPECT_EQ(under.shift().state().done, 3) << "it went on to its end";
+    EXPECT_EQ(ends, 0);
+    EXPECT_TRUE(flow.mayClose());
+}
+
+TEST_F(QuitFlowDuringAShift, QuittingStopsBehindTheFileUnderWay) {
+    EXPECT_FALSE(flow.mayClose());
+    flow.quit();
+    EXPECT_TRUE(flow.isQuitting());
+    EXPECT_FALSE(flow.mayClose());
+    EXPECT_EQ(ends, 0) << "the file under way comes first";
+    under.letGo();
+    ASSERT_TRUE(spinUntil([&] { return ends > 0; }));
+    EXPECT_EQ(ends, 1);
+    EXPECT_EQ(under.shift().state().done, 1);
+    EXPECT_EQ(under.shift().state().statusText,
+              "Stopped — shifted 1 of 3 files by +5 hours. No other file was changed.");
+    EXPECT_EQ(engine.state().statusText, "") << "there is no run to be cancelled";
+    EXPECT_TRUE(flow.mayClose());
+}
+
+TEST_F(QuitFlowDuringAShift, TheQuestionFollowsTheShiftAndGoesWithIt) {
+    EXPECT_FALSE(flow.mayClose());
+    QStringList questions;
+    QObject::connect(&flow, &QuitFlow::changed, [&] {
+        if (flow.isAsked()) questions << flow.question();
+    });
+    under.letGo();
+    under.waitForEnd();
+    EXPECT_TRUE(questions.contains(
+        "Dates are being shifted: 2 of 3 files so far. Quitting stops behind the file that is being worked on; what is "
+        "shifted stays so, and the other files are not changed."));
+    EXPECT_FALSE(flow.isAsked());
+    EXPECT_EQ(ends, 0);
 }
 
 }  // namespace

@@ -77,6 +77,22 @@ TEST_F(RunFlowTest, NothingStartsWhileTheEngineIsAtWork) {
     EXPECT_TRUE(flow.canStart());
 }
 
+TEST_F(RunFlowTest, NothingStartsWhileItIsHeldUp) {
+    int changes = 0;
+    QObject::connect(&flow, &RunFlow::changed, [&] { ++changes; });
+    flow.setHeldUp(true);
+    flow.setHeldUp(true);
+    EXPECT_EQ(changes, 1);
+    EXPECT_TRUE(flow.canRun());
+    EXPECT_FALSE(flow.canStart());
+    flow.askRun();
+    EXPECT_FALSE(flow.isRunAsked());
+    flow.askDryRun();
+    EXPECT_FALSE(flow.isDryRunAsked());
+    flow.setHeldUp(false);
+    EXPECT_TRUE(flow.canStart());
+}
+
 TEST_F(RunFlowTest, ADryRunIsOneWhateverTheSettingSays) {
     set("opt_dryRun", false);
 

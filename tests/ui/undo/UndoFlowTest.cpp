@@ -61,6 +61,19 @@ TEST_F(UndoFlowTest, NeedsADestinationAndAnEngineAtRest) {
     engine.waitForEnd();
 }
 
+TEST_F(UndoFlowTest, DoesNotOpenWhileItIsHeldUp) {
+    int changes = 0;
+    QObject::connect(&flow, &UndoFlow::changed, [&] { ++changes; });
+    flow.setHeldUp(true);
+    flow.setHeldUp(true);
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(flow.canOpen());
+    flow.open();
+    EXPECT_FALSE(flow.isLoading());
+    flow.setHeldUp(false);
+    EXPECT_TRUE(flow.canOpen());
+}
+
 TEST_F(UndoFlowTest, ListsTheRunsOfTheDestination) {
     sort();
     flow.open();

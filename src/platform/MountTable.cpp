@@ -1,4 +1,4 @@
-#include "platform/watch/MountTable.h"
+#include "platform/MountTable.h"
 
 #include <algorithm>
 #include <optional>
@@ -17,7 +17,7 @@ bool isOctal(char letter) {
     return letter >= '0' && letter <= '7';
 }
 
-// Blanks, line ends and backslashes stand there as "\040": three octal digits.
+// Blanks, line ends, backslashes and "#" stand there as "\040": three octal digits.
 std::string unescaped(std::string_view word) {
     std::string text;
     while (!word.empty()) {
@@ -37,13 +37,16 @@ std::optional<Mount> mountOf(std::string_view line) {
     if (dash == std::string_view::npos) return std::nullopt;
     auto front = line.substr(0, dash);
     const auto* const begin = front.data();
-    for (int word = 0; word < 4; ++word)
-        takeWord(front);
+    takeWord(front);
+    takeWord(front);
+    const auto device = takeWord(front);
+    takeWord(front);
     const auto path = takeWord(front);
     if (path.empty()) return std::nullopt;
     const std::string_view key(begin, static_cast<std::size_t>(path.data() + path.size() - begin));
     auto back = line.substr(dash + kDash.size());
-    return Mount{std::string(key), unescaped(path), std::string(takeWord(back))};
+    const auto type = takeWord(back);
+    return Mount{std::string(key), std::string(device), unescaped(path), std::string(type), unescaped(takeWord(back))};
 }
 
 }  // namespace

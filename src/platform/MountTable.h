@@ -11,8 +11,10 @@ struct Mount {
     // Tells this mount from all others that there are at the same time, and from an earlier one at the same place.
     std::string key;
 
-    std::string path;  // where it is mounted
-    std::string type;  // such as "vfat"
+    std::string device;  // "98:0", the device number that its files have
+    std::string path;    // where it is mounted
+    std::string type;    // such as "vfat", or "fuse.sshfs"
+    std::string source;  // what was mounted, in the words of the type
 
     bool operator==(const Mount&) const = default;
 };

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/watch/MountTable.h"
+#include "platform/MountTable.h"
 
 namespace vellomar {
 namespace {
@@ -27,6 +27,8 @@ TEST(MountTable, ReadsPathAndTypeOfEachLine) {
     EXPECT_EQ(mounts[0].type, "ext4");
     EXPECT_EQ(mounts[1].path, "/run/media/jo/EOS_DIGITAL");
     EXPECT_EQ(mounts[1].type, "vfat");
+    EXPECT_EQ(mounts[1].device, "8:1");
+    EXPECT_EQ(mounts[1].source, "/dev/sdb1");
 }
 
 TEST(MountTable, ALineWithoutOptionalWordsIsReadAsWell) {
@@ -40,6 +42,12 @@ TEST(MountTable, EscapedBytesInPathsAreThemselvesAgain) {
     const auto mounts = mountsIn(R"(36 21 8:1 / /run/media/jo/MY\040CARD\011\012\134040\xff rw - vfat x rw)");
     ASSERT_EQ(mounts.size(), 1U);
     EXPECT_EQ(mounts[0].path, "/run/media/jo/MY CARD\t\n\\040\\xff");
+}
+
+TEST(MountTable, EscapedBytesInSourcesAsWell) {
+    const auto mounts = mountsIn(R"(36 21 0:44 / /mnt rw - fuse sshfs\043jo@server:my\040photos rw)");
+    ASSERT_EQ(mounts.size(), 1U);
+    EXPECT_EQ(mounts[0].source, "sshfs#jo@server:my photos");
 }
 
 TEST(MountTable, OtherLinesArePassedOver) {
