@@ -196,6 +196,8 @@ TEST_F(DateCorrectionSheetTest, TheSecondClickOfTwoIsNoSecondShift) {
     // With no files a shift is told of when it begins and when it ends.
     QObject::connect(&dates, &DateCorrection::shiftChanged, [&] { starts += dates.isRunning() ? 1 : 0; });
     const PatientMouse mouse(*user.app().window(), dates);
+    ASSERT_TRUE(spinUntil([&] { return button("APPLY SHIFT").isEnabled() && dates.canApply(); }));
+    user.window().settle();
     const auto place = testing::placeOf(button("APPLY SHIFT")).center().toPoint();
     QTest::mouseDClick(user.app().window(), Qt::LeftButton, {}, place);
     ASSERT_TRUE(spinUntil([&] { return !dates.isRunning(); }));

@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kMostSeconds = 24 * 60 * 60;
 
-std::chrono::milliseconds secondsOf(const Json& arguments) {
+std::chrono::milliseconds watchingTime(const Json& arguments) {
     const double seconds = numberOf(arguments, "seconds");
     if (!(seconds >= 0 && seconds <= kMostSeconds)) throw std::invalid_argument("argument 'seconds' is none of a day");
     return std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(seconds));
@@ -29,7 +29,7 @@ Json stateOf(const WatchFolderMonitor& monitor) {
 }
 
 Json watch(const Surroundings& surroundings, const Json& arguments) {
-    const auto time = secondsOf(arguments);
+    const auto time = watchingTime(arguments);
     testing::EngineHarness harness({.exifTool = &surroundings.exifTool});
     LinuxFolderWatcher watcher(harness.realFileSystem);
     WatchFolderMonitor monitor(harness.engine,

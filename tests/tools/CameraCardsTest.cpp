@@ -21,92 +21,92 @@ using testing::TemporaryFolder;
 
 class CameraCardsTest : public ::testing::Test {
 protected:
-    void SetUp() override { cards_.emplace(mainActor_, fileSystem_, mounts_, taker()); }
+    void SetUp() override { offered.emplace(mainActor, fileSystem, mounts, taker()); }
 
     [[nodiscard]] std::function<void(const std::string&)> taker() {
-        return [this](const std::string& card) { told_.push_back(card); };
+        return [this](const std::string& card) { tellings.push_back(card); };
     }
 
     [[nodiscard]] std::vector<std::string> told() {
-        mainActor_.runPending();
-        return told_;
+        mainActor.runPending();
+        return tellings;
     }
 
-    LinuxFileSystem fileSystem_;
-    QueueMainActor mainActor_;
-    testing::ScriptedMountWatcher mounts_;
-    TemporaryFolder volume_;
-    std::vector<std::string> told_;
-    std::optional<CameraCards> cards_;
+    LinuxFileSystem fileSystem;
+    QueueMainActor mainActor;
+    testing::ScriptedMountWatcher mounts;
+    TemporaryFolder folder;
+    std::vector<std::string> tellings;
+    std::optional<CameraCards> offered;
 };
 
 TEST_F(CameraCardsTest, ACameraFolderMakesAVolumeACard) {
-    volume_.makeFolder("DCIM");
-    mounts_.mount(volume_.path());
-    EXPECT_THAT(told_, IsEmpty()) << "told on the watch's thread";
-    EXPECT_THAT(told(), ElementsAre(volume_.path()));
+    folder.makeFolder("DCIM");
+    mounts.mount(folder.path());
+    EXPECT_THAT(tellings, IsEmpty()) << "told on the watch's thread";
+    EXPECT_THAT(told(), ElementsAre(folder.path()));
 }
 
 TEST_F(CameraCardsTest, AVolumeWithoutOneIsPassedOverInSilence) {
-    volume_.makeFolder("Pictures/DCIM");
-    mounts_.mount(volume_.path());
+    folder.makeFolder("Pictures/DCIM");
+    mounts.mount(folder.path());
     EXPECT_THAT(told(), IsEmpty());
 }
 
 TEST_F(CameraCardsTest, AFileOfThatNameCountsAsWell) {
-    volume_.write("DCIM");
-    mounts_.mount(volume_.path());
-    EXPECT_THAT(told(), ElementsAre(volume_.path()));
+    folder.write("DCIM");
+    mounts.mount(folder.path());
+    EXPECT_THAT(told(), ElementsAre(folder.path()));
 }
 
 TEST_F(CameraCardsTest, OtherCaseIsAnotherName) {
-    volume_.makeFolder("dcim");
-    mounts_.mount(volume_.path());
+    folder.makeFolder("dcim");
+    mounts.mount(folder.path());
     EXPECT_THAT(told(), IsEmpty());
 }
 
 TEST_F(CameraCardsTest, ALinkThatLeadsNowhereIsNothing) {
-    std::filesystem::create_symlink("nowhere", volume_ / "DCIM");
-    mounts_.mount(volume_.path());
+    std::filesystem::create_symlink("nowhere", folder / "DCIM");
+    mounts.mount(folder.path());
     EXPECT_THAT(told(), IsEmpty());
 }
 
 TEST_F(CameraCardsTest, TheKindOfVolumeDoesNotMatter) {
-    volume_.makeFolder("DCIM");
+    folder.makeFolder("DCIM");
     for (const char* type : {"exfat", "nfs4", "iso9660", "fuse.gvfsd-fuse", "ext4"})
-        mounts_.mount(volume_.path(), type);
+        mounts.mount(folder.path(), type);
     EXPECT_EQ(told().size(), 5U);
 }
 
 TEST_F(CameraCardsTest, WhatOnlyMountsOthersIsNotLookedInto) {
-    volume_.makeFolder("DCIM");
-    mounts_.mount(volume_.path(), "autofs");
+    folder.makeFolder("DCIM");
+    mounts.mount(folder.path(), "autofs");
     EXPECT_THAT(told(), IsEmpty());
 }
 
 TEST_F(CameraCardsTest, NobodyIsToldOnceItIsGone) {
-    volume_.makeFolder("DCIM");
-    mounts_.mount(volume_.path());
-    cards_.reset();
+    folder.makeFolder("DCIM");
+    mounts.mount(folder.path());
+    offered.reset();
     EXPECT_THAT(told(), IsEmpty());
 }
 
 TEST_F(CameraCardsTest, WithoutNewsOfMountsThereAreNoCards) {
     testing::ScriptedMountWatcher refusing;
     refusing.isRefusing = true;
-    const CameraCards cards(mainActor_, fileSystem_, refusing, taker());
+    const CameraCards cards(mainActor, fileSystem, refusing, taker());
     EXPECT_THAT(told(), IsEmpty());
 }
 
 TEST_F(CameraCardsTest, ARealCardIsToldWhenItIsMounted) {
     const int refusal = testing::withVolumeOfItsOwn(1 << 20, [this](const testing::VolumeOfItsOwn& volume) {
-        LinuxMountWatcher mounts;
-        const CameraCards cards(mainActor_, fileSystem_, mounts, taker());
+        LinuxMountWatcher realMounts;
+        const CameraCards cards(mainActor, fileSystem, realMounts, taker());
         // The folder that lies below is what is bound over the volume's place.
-        volume_.makeFolder("DCIM/100CANON");
-        volume.bind(volume_.path());
-        mainActor_.runUntil([this] { return !told_.empty(); });
-        EXPECT_THAT(told_, ElementsAre(volume.path()));
+        folder.makeFolder("DCIM/100CANON");
+        volume.bind(folder.path());
+        mainActor.runUntil([this] { return !tellings.empty(); });
+        EXPECT_THAT(tellings, ElementsAre(volume.path()));
         volume.unmount();
     });
     EXPECT_THAT(refusal, testing::doneOrForbidden());

@@ -37,69 +37,69 @@ bool holdsPhotos(const std::string& folder) {
 
 class WatchFolderMonitorTest : public ::testing::Test {
 protected:
-    void start(bool dryRun = true) { monitor_.start(source_.path(), dest_.path(), optionsOf(dryRun)); }
+    void start(bool dryRun = true) { monitor.start(source.path(), dest.path(), optionsOf(dryRun)); }
 
     // The log with the times of day left out, newest first, as soon as all is delivered.
     [[nodiscard]] std::vector<std::string> messages() {
-        harness_.mainActor.runPending();
+        harness.mainActor.runPending();
         std::vector<std::string> lines;
-        for (const auto& line : monitor_.log())
+        for (const auto& line : monitor.log())
             lines.push_back(line.substr(line.find("] ") + 2));
         return lines;
     }
 
     // Until the run that was begun, if any, is over.
     void settle() {
-        harness_.mainActor.runPending();
-        harness_.waitForEnd();
-        monitor_.noteRunEnd();
+        harness.mainActor.runPending();
+        harness.waitForEnd();
+        monitor.noteRunEnd();
     }
 
-    TemporaryFolder source_{TemporaryFolder::Where::inMemory};
-    TemporaryFolder dest_{TemporaryFolder::Where::inMemory};
-    EngineHarness harness_;
-    ScriptedFolderWatcher watcher_;
-    int changes_ = 0;
-    WatchFolderMonitor monitor_{harness_.engine,
-                                {harness_.mainActor, harness_.realFileSystem, harness_.systemClock, watcher_},
-                                [this] { ++changes_; }};
+    TemporaryFolder source{TemporaryFolder::Where::inMemory};
+    TemporaryFolder dest{TemporaryFolder::Where::inMemory};
+    EngineHarness harness;
+    ScriptedFolderWatcher watcher;
+    int changes = 0;
+    WatchFolderMonitor monitor{harness.engine,
+                               {harness.mainActor, harness.realFileSystem, harness.systemClock, watcher},
+                               [this] { ++changes; }};
 };
 
 TEST_F(WatchFolderMonitorTest, RestsUntilItIsStarted) {
-    EXPECT_FALSE(monitor_.isWatching());
-    EXPECT_EQ(monitor_.filesProcessed(), 0U);
-    EXPECT_FALSE(monitor_.lastActivity());
-    EXPECT_THAT(monitor_.log(), IsEmpty());
-    EXPECT_EQ(watcher_.asked(), 0);
+    EXPECT_FALSE(monitor.isWatching());
+    EXPECT_EQ(monitor.filesProcessed(), 0U);
+    EXPECT_FALSE(monitor.lastActivity());
+    EXPECT_THAT(monitor.log(), IsEmpty());
+    EXPECT_EQ(watcher.asked(), 0);
 }
 
 TEST_F(WatchFolderMonitorTest, StartWatchesAndSaysSo) {
     start();
-    EXPECT_TRUE(monitor_.isWatching());
-    EXPECT_EQ(monitor_.watchedPath(), source_.path());
-    EXPECT_EQ(monitor_.destPath(), dest_.path());
-    EXPECT_EQ(watcher_.folder(), source_.path());
-    const auto name = std::filesystem::path(source_.path()).filename().string();
+    EXPECT_TRUE(monitor.isWatching());
+    EXPECT_EQ(monitor.watchedPath(), source.path());
+    EXPECT_EQ(monitor.destPath(), dest.path());
+    EXPECT_EQ(watcher.folder(), source.path());
+    const auto name = std::filesystem::path(source.path()).filename().string();
     EXPECT_THAT(messages(), ElementsAre("Watching: " + name));
-    EXPECT_GT(changes_, 0);
+    EXPECT_GT(changes, 0);
 }
 
 TEST_F(WatchFolderMonitorTest, ALineBeginsWithTheTimeOfDay) {
-    monitor_.appendWatchLog("hello");
-    harness_.mainActor.runPending();
-    ASSERT_THAT(monitor_.log(), SizeIs(1));
-    EXPECT_THAT(monitor_.log().front(), MatchesRegex("\\[.*[0-9]+[:.][0-9]+[:.][0-9]+.*\\] hello"));
+    monitor.appendWatchLog("hello");
+    harness.mainActor.runPending();
+    ASSERT_THAT(monitor.log(), SizeIs(1));
+    EXPECT_THAT(monitor.log().front(), MatchesRegex("\\[.*[0-9]+[:.][0-9]+[:.][0-9]+.*\\] hello"));
 }
 
 TEST_F(WatchFolderMonitorTest, ALineComesThroughTheMainActor) {
-    std::jthread([this] { monitor_.appendWatchLog("from elsewhere"); }).join();
-    EXPECT_THAT(monitor_.log(), IsEmpty());
+    std::jthread([this] { monitor.appendWatchLog("from elsewhere"); }).join();
+    EXPECT_THAT(monitor.log(), IsEmpty());
     EXPECT_THAT(messages(), ElementsAre("from elsewhere"));
 }
 
 TEST_F(WatchFolderMonitorTest, TheLogKeepsTheNewestHundredLines) {
     for (int i = 0; i <= 100; ++i)
-        monitor_.appendWatchLog(std::to_string(i));
+        monitor.appendWatchLog(std::to_string(i));
     const auto lines = messages();
     ASSERT_THAT(lines, SizeIs(100));
     EXPECT_EQ(lines.front(), "100");
@@ -107,172 +107,172 @@ TEST_F(WatchFolderMonitorTest, TheLogKeepsTheNewestHundredLines) {
 }
 
 TEST_F(WatchFolderMonitorTest, ArrivalsHaveTheWholeFolderSorted) {
-    source_.write("2021-05-06 old.jpg");
-    const auto photo = source_.write("IMG_20240102_030405.jpg");
+    source.write("2021-05-06 old.jpg");
+    const auto photo = source.write("IMG_20240102_030405.jpg");
     start();
-    watcher_.tell({photo});
+    watcher.tell({photo});
     settle();
     EXPECT_THAT(messages(), ElementsAre("1 new file(s) detected — sorting…", HasSubstr("Watching: ")));
-    EXPECT_EQ(monitor_.filesProcessed(), 1U);
-    EXPECT_TRUE(monitor_.lastActivity());
-    EXPECT_THAT(harness_.state().previewRows, SizeIs(2));
+    EXPECT_EQ(monitor.filesProcessed(), 1U);
+    EXPECT_TRUE(monitor.lastActivity());
+    EXPECT_THAT(harness.state().previewRows, SizeIs(2));
 }
 
 TEST_F(WatchFolderMonitorTest, CountsEveryFileOfEveryDelivery) {
-    const auto photo = source_.write("a.jpg");
-    const auto sidecar = source_.write("a.xmp");
+    const auto photo = source.write("a.jpg");
+    const auto sidecar = source.write("a.xmp");
     start();
-    watcher_.tell({photo, sidecar});
+    watcher.tell({photo, sidecar});
     settle();
-    watcher_.tell({photo});
+    watcher.tell({photo});
     settle();
-    EXPECT_EQ(monitor_.filesProcessed(), 3U);
+    EXPECT_EQ(monitor.filesProcessed(), 3U);
     EXPECT_EQ(messages().front(), "1 new file(s) detected — sorting…");
 }
 
 TEST_F(WatchFolderMonitorTest, ADryRunStaysOneAndARealRunIsReal) {
-    const auto photo = source_.write("IMG_20240102_030405.jpg");
+    const auto photo = source.write("IMG_20240102_030405.jpg");
     start(true);
-    watcher_.tell({photo});
+    watcher.tell({photo});
     settle();
-    EXPECT_FALSE(holdsPhotos(dest_.path()));
-    monitor_.stop();
+    EXPECT_FALSE(holdsPhotos(dest.path()));
+    monitor.stop();
     start(false);
-    watcher_.tell({photo});
+    watcher.tell({photo});
     settle();
-    EXPECT_TRUE(holdsPhotos(dest_.path()));
+    EXPECT_TRUE(holdsPhotos(dest.path()));
 }
 
 TEST_F(WatchFolderMonitorTest, WhatIsGoneOrAFolderBeginsNoRun) {
     start();
-    watcher_.tell({source_ / "removed.jpg", source_.makeFolder("folder")});
+    watcher.tell({source / "removed.jpg", source.makeFolder("folder")});
     settle();
     EXPECT_THAT(messages(), SizeIs(1));
-    EXPECT_EQ(monitor_.filesProcessed(), 0U);
-    EXPECT_FALSE(monitor_.lastActivity());
-    EXPECT_THAT(harness_.observer.allLogLines, IsEmpty());
+    EXPECT_EQ(monitor.filesProcessed(), 0U);
+    EXPECT_FALSE(monitor.lastActivity());
+    EXPECT_THAT(harness.observer.allLogLines, IsEmpty());
 }
 
 TEST_F(WatchFolderMonitorTest, ArrivalsDuringARunAreDropped) {
-    const auto photo = source_.write("a.jpg");
+    const auto photo = source.write("a.jpg");
     start();
-    harness_.engine->startRun({source_.path()}, dest_.path(), optionsOf(true));
-    watcher_.tell({photo});
+    harness.engine->startRun({source.path()}, dest.path(), optionsOf(true));
+    watcher.tell({photo});
     settle();
-    EXPECT_EQ(monitor_.filesProcessed(), 0U);
+    EXPECT_EQ(monitor.filesProcessed(), 0U);
     EXPECT_THAT(messages(), SizeIs(1));
-    watcher_.tell({photo});
+    watcher.tell({photo});
     settle();
-    EXPECT_EQ(monitor_.filesProcessed(), 1U);
+    EXPECT_EQ(monitor.filesProcessed(), 1U);
 }
 
 TEST_F(WatchFolderMonitorTest, ArrivalsWhileItIsHeldUpAreDropped) {
-    const auto photo = source_.write("a.jpg");
+    const auto photo = source.write("a.jpg");
     start();
-    monitor_.setHeldUp(true);
-    watcher_.tell({photo});
+    monitor.setHeldUp(true);
+    watcher.tell({photo});
     settle();
-    EXPECT_EQ(monitor_.filesProcessed(), 0U);
-    EXPECT_THAT(harness_.observer.allLogLines, IsEmpty());
-    monitor_.setHeldUp(false);
-    watcher_.tell({photo});
+    EXPECT_EQ(monitor.filesProcessed(), 0U);
+    EXPECT_THAT(harness.observer.allLogLines, IsEmpty());
+    monitor.setHeldUp(false);
+    watcher.tell({photo});
     settle();
-    EXPECT_EQ(monitor_.filesProcessed(), 1U);
+    EXPECT_EQ(monitor.filesProcessed(), 1U);
 }
 
 TEST_F(WatchFolderMonitorTest, StartWhileWatchingChangesNothing) {
     const TemporaryFolder other;
     start(true);
-    monitor_.start(other.path(), other.path(), optionsOf(false));
-    EXPECT_EQ(monitor_.watchedPath(), source_.path());
-    EXPECT_EQ(watcher_.asked(), 1);
+    monitor.start(other.path(), other.path(), optionsOf(false));
+    EXPECT_EQ(monitor.watchedPath(), source.path());
+    EXPECT_EQ(watcher.asked(), 1);
     EXPECT_THAT(messages(), SizeIs(1));
-    const auto photo = source_.write("IMG_20240102_030405.jpg");
-    watcher_.tell({photo});
+    const auto photo = source.write("IMG_20240102_030405.jpg");
+    watcher.tell({photo});
     settle();
-    ASSERT_THAT(harness_.state().previewRows, SizeIs(1));
-    EXPECT_FALSE(holdsPhotos(dest_.path()));
+    ASSERT_THAT(harness.state().previewRows, SizeIs(1));
+    EXPECT_FALSE(holdsPhotos(dest.path()));
 }
 
 TEST_F(WatchFolderMonitorTest, StopEndsTheWatchAndSaysSo) {
     start();
-    monitor_.stop();
-    EXPECT_FALSE(monitor_.isWatching());
-    EXPECT_EQ(watcher_.watches(), 0);
+    monitor.stop();
+    EXPECT_FALSE(monitor.isWatching());
+    EXPECT_EQ(watcher.watches(), 0);
     EXPECT_THAT(messages(), ElementsAre("Watch stopped.", HasSubstr("Watching: ")));
-    watcher_.tellTooLate({source_.write("a.jpg")});
+    watcher.tellTooLate({source.write("a.jpg")});
     settle();
-    EXPECT_EQ(monitor_.filesProcessed(), 0U);
+    EXPECT_EQ(monitor.filesProcessed(), 0U);
 }
 
 TEST_F(WatchFolderMonitorTest, IsStartedAgainWithOtherFolders) {
     start();
-    monitor_.stop();
-    monitor_.start(dest_.path(), source_.path(), optionsOf(true));
-    EXPECT_EQ(monitor_.watchedPath(), dest_.path());
-    EXPECT_EQ(watcher_.folder(), dest_.path());
+    monitor.stop();
+    monitor.start(dest.path(), source.path(), optionsOf(true));
+    EXPECT_EQ(monitor.watchedPath(), dest.path());
+    EXPECT_EQ(watcher.folder(), dest.path());
 }
 
 TEST_F(WatchFolderMonitorTest, AWatchThatCannotBeMadeIsSilent) {
-    watcher_.isRefusing = true;
+    watcher.isRefusing = true;
     start();
-    EXPECT_TRUE(monitor_.isWatching());
+    EXPECT_TRUE(monitor.isWatching());
     EXPECT_THAT(messages(), SizeIs(1));
-    monitor_.stop();
-    EXPECT_FALSE(monitor_.isWatching());
+    monitor.stop();
+    EXPECT_FALSE(monitor.isWatching());
 }
 
 TEST_F(WatchFolderMonitorTest, ItDoesNotKeepTheEngine) {
     start();
-    const std::weak_ptr<OrganizerEngine> engine = harness_.engine;
-    harness_.engine.reset();
+    const std::weak_ptr<OrganizerEngine> engine = harness.engine;
+    harness.engine.reset();
     EXPECT_TRUE(engine.expired());
-    watcher_.tell({source_.write("a.jpg")});
-    harness_.mainActor.runPending();
-    EXPECT_EQ(monitor_.filesProcessed(), 0U);
+    watcher.tell({source.write("a.jpg")});
+    harness.mainActor.runPending();
+    EXPECT_EQ(monitor.filesProcessed(), 0U);
     EXPECT_THAT(messages(), SizeIs(1));
 }
 
 // With the destination inside, all that a run does arrives in the watched folder.
 TEST_F(WatchFolderMonitorTest, ARunInTheWatchedFolderBeginsNoOther) {
-    const auto photo = source_.write("a.jpg");
+    const auto photo = source.write("a.jpg");
     // Behind all runs of the round before.
     auto quiet = std::chrono::steady_clock::now();
-    for (const auto& destination : {source_.path(), source_.makeFolder("sorted"), source_ / "not/there/yet"}) {
-        monitor_.start(source_.path(), destination, optionsOf(true));
-        const auto before = monitor_.filesProcessed();
-        watcher_.tell({photo}, quiet += 1h);
+    for (const auto& destination : {source.path(), source.makeFolder("sorted"), source / "not/there/yet"}) {
+        monitor.start(source.path(), destination, optionsOf(true));
+        const auto before = monitor.filesProcessed();
+        watcher.tell({photo}, quiet += 1h);
         settle();
-        EXPECT_EQ(monitor_.filesProcessed(), before + 1) << destination;
-        watcher_.tell({photo}, std::chrono::steady_clock::now());
+        EXPECT_EQ(monitor.filesProcessed(), before + 1) << destination;
+        watcher.tell({photo}, std::chrono::steady_clock::now());
         settle();
-        EXPECT_EQ(monitor_.filesProcessed(), before + 1) << destination;
-        watcher_.tell({photo}, quiet += 1h);
+        EXPECT_EQ(monitor.filesProcessed(), before + 1) << destination;
+        watcher.tell({photo}, quiet += 1h);
         settle();
-        EXPECT_EQ(monitor_.filesProcessed(), before + 2) << destination;
-        monitor_.stop();
+        EXPECT_EQ(monitor.filesProcessed(), before + 2) << destination;
+        monitor.stop();
     }
 }
 
 TEST_F(WatchFolderMonitorTest, ADestinationElsewhereCostsNoArrivals) {
-    const auto photo = source_.write("a.jpg");
+    const auto photo = source.write("a.jpg");
     start();
-    watcher_.tell({photo});
+    watcher.tell({photo});
     settle();
-    watcher_.tell({photo}, std::chrono::steady_clock::now());
+    watcher.tell({photo}, std::chrono::steady_clock::now());
     settle();
-    EXPECT_EQ(monitor_.filesProcessed(), 2U);
+    EXPECT_EQ(monitor.filesProcessed(), 2U);
 }
 
 TEST_F(WatchFolderMonitorTest, SortsRealFilesAsTheyArrive) {
-    LinuxFolderWatcher watcher(harness_.realFileSystem, {.latency = 20ms});
-    WatchFolderMonitor monitor(harness_.engine,
-                               {harness_.mainActor, harness_.realFileSystem, harness_.systemClock, watcher});
-    monitor.start(source_.path(), dest_.path(), optionsOf(false));
-    source_.write("camera/IMG_20240102_030405.jpg");
-    harness_.mainActor.runUntil([&] { return monitor.filesProcessed() > 0; });
-    harness_.waitForEnd();
-    EXPECT_TRUE(holdsPhotos(dest_.path()));
+    LinuxFolderWatcher realWatcher(harness.realFileSystem, {.latency = 20ms});
+    WatchFolderMonitor real(harness.engine,
+                            {harness.mainActor, harness.realFileSystem, harness.systemClock, realWatcher});
+    real.start(source.path(), dest.path(), optionsOf(false));
+    source.write("camera/IMG_20240102_030405.jpg");
+    harness.mainActor.runUntil([&] { return real.filesProcessed() > 0; });
+    harness.waitForEnd();
+    EXPECT_TRUE(holdsPhotos(dest.path()));
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ void InotifyWatches::add(const std::string& folder) {
 }
 
 bool InotifyWatches::read(const std::function<void(const Event&)>& take) {
-    alignas(inotify_event) std::array<char, kBufferSize> buffer;
+    alignas(inotify_event) std::array<char, kBufferSize> buffer{};
     for (int reads = 0; reads < kMostReads; ++reads) {
         const auto length = uninterrupted([&] { return ::read(queue_.get(), buffer.data(), buffer.size()); });
         if (length <= 0) return true;

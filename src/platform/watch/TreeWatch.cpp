@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <ctime>
 #include <utility>
 
 #include <poll.h>
-#include <time.h>
 
 #include "platform/FolderWalk.h"
 #include "platform/ThreadPriority.h"

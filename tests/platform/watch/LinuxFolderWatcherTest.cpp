@@ -101,264 +101,262 @@ private:
 
 class LinuxFolderWatcherTest : public ::testing::Test {
 protected:
-    void watch() { watchWith(LinuxFolderWatcher(volume_, times_, mostWatches_)); }
+    void watch() { watchWith(LinuxFolderWatcher(disk, times, mostWatches)); }
 
     void watchWith(LinuxFolderWatcher watcher) {
-        auto made = watcher.watch(folder_.path(), deliveries_.taker());
+        auto made = watcher.watch(folder.path(), deliveries.taker());
         ASSERT_TRUE(made);
-        watch_ = *std::move(made);
+        watching = *std::move(made);
     }
 
     // Something else that arrives and is told: whatever was to be told before has been told by then.
     [[nodiscard]] bool tellsALaterFile() {
-        const auto path = folder_.write("later-" + std::to_string(later_++));
-        return deliveries_.tells({path});
+        const auto path = folder.write("later-" + std::to_string(laterFiles++));
+        return deliveries.tells({path});
     }
 
-    LinuxFileSystem real_;
-    CountedVolume volume_{real_};
-    WatchTimes times_{20ms, 40ms, 10ms};
-    std::size_t mostWatches_ = InotifyWatches::kNoLimit;
-    TemporaryFolder folder_;
-    TemporaryFolder elsewhere_;
-    Deliveries deliveries_;
-    std::unique_ptr<FolderWatch> watch_;
-    int later_ = 0;
+    LinuxFileSystem real;
+    CountedVolume disk{real};
+    WatchTimes times{20ms, 40ms, 10ms};
+    std::size_t mostWatches = InotifyWatches::kNoLimit;
+    TemporaryFolder folder;
+    TemporaryFolder elsewhere;
+    Deliveries deliveries;
+    std::unique_ptr<FolderWatch> watching;
+    int laterFiles = 0;
 };
 
 TEST_F(LinuxFolderWatcherTest, TellsFilesOfAnyKindInAnyDepth) {
-    folder_.makeFolder("a/b/c");
+    folder.makeFolder("a/b/c");
     watch();
-    const auto photo = folder_.write("photo.jpg");
-    const auto deep = folder_.write("a/b/c/deep.xmp");
-    const auto hidden = folder_.write("a/.hidden");
-    EXPECT_TRUE(deliveries_.tells({photo, deep, hidden}));
+    const auto photo = folder.write("photo.jpg");
+    const auto deep = folder.write("a/b/c/deep.xmp");
+    const auto hidden = folder.write("a/.hidden");
+    EXPECT_TRUE(deliveries.tells({photo, deep, hidden}));
 }
 
 TEST_F(LinuxFolderWatcherTest, WhatWasThereBeforeIsNeverTold) {
-    const auto old = folder_.write("old.jpg");
-    const auto deep = folder_.write("a/b/old.jpg");
+    const auto old = folder.write("old.jpg");
+    const auto deep = folder.write("a/b/old.jpg");
     watch();
     EXPECT_TRUE(tellsALaterFile());
-    EXPECT_THAT(deliveries_.paths(), AllOf(Not(Contains(old)), Not(Contains(deep))));
+    EXPECT_THAT(deliveries.paths(), AllOf(Not(Contains(old)), Not(Contains(deep))));
 }
 
 TEST_F(LinuxFolderWatcherTest, WhatIsWrittenToAgainIsTold) {
-    const auto old = folder_.write("old.jpg");
+    const auto old = folder.write("old.jpg");
     watch();
     std::ofstream(old, std::ios::app) << "more";
-    EXPECT_TRUE(deliveries_.tells({old}));
+    EXPECT_TRUE(deliveries.tells({old}));
 }
 
 TEST_F(LinuxFolderWatcherTest, AFileArrivesWhenItIsClosed) {
     watch();
     EXPECT_TRUE(tellsALaterFile());
-    std::ofstream slow(folder_ / "slow.mov");
+    std::ofstream slow(folder / "slow.mov");
     slow << "the beginning" << std::flush;
     EXPECT_TRUE(tellsALaterFile());
     slow << "the end" << std::flush;
     EXPECT_TRUE(tellsALaterFile());
-    EXPECT_THAT(deliveries_.paths(), Not(Contains(folder_ / "slow.mov")));
+    EXPECT_THAT(deliveries.paths(), Not(Contains(folder / "slow.mov")));
     slow.close();
-    EXPECT_TRUE(deliveries_.tells({folder_ / "slow.mov"}));
+    EXPECT_TRUE(deliveries.tells({folder / "slow.mov"}));
 }
 
 TEST_F(LinuxFolderWatcherTest, TellsAtomicSavesMovesAndLinks) {
-    const auto origin = folder_.write("origin.jpg");
-    const auto outside = elsewhere_.write("outside.jpg");
+    const auto origin = folder.write("origin.jpg");
+    const auto outside = elsewhere.write("outside.jpg");
     watch();
     EXPECT_TRUE(tellsALaterFile());
-    std::filesystem::rename(folder_.write(".save.tmp"), folder_ / "saved.jpg");
-    std::filesystem::rename(outside, folder_ / "moved-in.jpg");
-    std::filesystem::create_hard_link(origin, folder_ / "linked.jpg");
-    std::filesystem::create_symlink(origin, folder_ / "symlink.jpg");
-    EXPECT_TRUE(deliveries_.tells(
-        {folder_ / "saved.jpg", folder_ / "moved-in.jpg", folder_ / "linked.jpg", folder_ / "symlink.jpg"}));
-    EXPECT_THAT(deliveries_.paths(), Not(Contains(folder_ / ".save.tmp")));
+    std::filesystem::rename(folder.write(".save.tmp"), folder / "saved.jpg");
+    std::filesystem::rename(outside, folder / "moved-in.jpg");
+    std::filesystem::create_hard_link(origin, folder / "linked.jpg");
+    std::filesystem::create_symlink(origin, folder / "symlink.jpg");
+    EXPECT_TRUE(deliveries.tells(
+        {folder / "saved.jpg", folder / "moved-in.jpg", folder / "linked.jpg", folder / "symlink.jpg"}));
+    EXPECT_THAT(deliveries.paths(), Not(Contains(folder / ".save.tmp")));
 }
 
 TEST_F(LinuxFolderWatcherTest, WhatIsReadRemovedOrMovedAwayIsNotTold) {
-    const auto read = folder_.write("read.jpg");
-    const auto removed = folder_.write("removed.jpg");
-    const auto moved = folder_.write("moved.jpg");
+    const auto read = folder.write("read.jpg");
+    const auto removed = folder.write("removed.jpg");
+    const auto moved = folder.write("moved.jpg");
     watch();
     EXPECT_TRUE(tellsALaterFile());
     EXPECT_EQ(testing::contentOf(read), "content");
     std::filesystem::remove(removed);
-    std::filesystem::rename(moved, elsewhere_ / "moved.jpg");
+    std::filesystem::rename(moved, elsewhere / "moved.jpg");
     EXPECT_TRUE(tellsALaterFile());
-    EXPECT_THAT(deliveries_.paths(), AllOf(Not(Contains(read)), Not(Contains(removed)), Not(Contains(moved))));
+    EXPECT_THAT(deliveries.paths(), AllOf(Not(Contains(read)), Not(Contains(removed)), Not(Contains(moved))));
 }
 
 TEST_F(LinuxFolderWatcherTest, FoldersThatAppearAreWatchedFromTheirFirstFileOn) {
     watch();
     std::set<std::string> written;
     for (int i = 0; i < 50; ++i)
-        written.insert(folder_.write(std::to_string(i) + "/deeper/than/that/first.jpg"));
-    EXPECT_TRUE(deliveries_.tells(written));
+        written.insert(folder.write(std::to_string(i) + "/deeper/than/that/first.jpg"));
+    EXPECT_TRUE(deliveries.tells(written));
     for (int i = 0; i < 50; ++i)
-        written.insert(folder_.write(std::to_string(i) + "/deeper/than/that/second.jpg"));
-    EXPECT_TRUE(deliveries_.tells(written));
+        written.insert(folder.write(std::to_string(i) + "/deeper/than/that/second.jpg"));
+    EXPECT_TRUE(deliveries.tells(written));
 }
 
 TEST_F(LinuxFolderWatcherTest, AFolderThatIsMovedInBringsItsFilesAndIsWatched) {
-    elsewhere_.write("card/100/a.jpg");
+    elsewhere.write("card/100/a.jpg");
     watch();
     EXPECT_TRUE(tellsALaterFile());
-    std::filesystem::rename(elsewhere_ / "card", folder_ / "card");
-    EXPECT_TRUE(deliveries_.tells({folder_ / "card/100/a.jpg"}));
-    EXPECT_TRUE(deliveries_.tells({folder_.write("card/100/b.jpg")}));
+    std::filesystem::rename(elsewhere / "card", folder / "card");
+    EXPECT_TRUE(deliveries.tells({folder / "card/100/a.jpg"}));
+    EXPECT_TRUE(deliveries.tells({folder.write("card/100/b.jpg")}));
 }
 
 TEST_F(LinuxFolderWatcherTest, AFolderThatIsMovedAwayIsHeardNoMore) {
-    folder_.makeFolder("gone/deep");
+    folder.makeFolder("gone/deep");
     watch();
     EXPECT_TRUE(tellsALaterFile());
-    std::filesystem::rename(folder_ / "gone", elsewhere_ / "gone");
+    std::filesystem::rename(folder / "gone", elsewhere / "gone");
     EXPECT_TRUE(tellsALaterFile());
-    elsewhere_.write("gone/deep/outside.jpg");
+    elsewhere.write("gone/deep/outside.jpg");
     // At its old place somebody else's file stands.
-    const auto other = folder_.write("gone/deep/other.jpg");
-    EXPECT_TRUE(deliveries_.tells({other}));
-    EXPECT_THAT(deliveries_.paths(), Not(Contains(folder_ / "gone/deep/outside.jpg")));
+    const auto other = folder.write("gone/deep/other.jpg");
+    EXPECT_TRUE(deliveries.tells({other}));
+    EXPECT_THAT(deliveries.paths(), Not(Contains(folder / "gone/deep/outside.jpg")));
 }
 
 TEST_F(LinuxFolderWatcherTest, AFolderThatIsRenamedTellsByItsNewName) {
-    folder_.write("old name/a.jpg");
+    folder.write("old name/a.jpg");
     watch();
     EXPECT_TRUE(tellsALaterFile());
-    std::filesystem::rename(folder_ / "old name", folder_ / "new name");
-    EXPECT_TRUE(deliveries_.tells({folder_ / "new name/a.jpg"}));
-    EXPECT_TRUE(deliveries_.tells({folder_.write("new name/b.jpg")}));
+    std::filesystem::rename(folder / "old name", folder / "new name");
+    EXPECT_TRUE(deliveries.tells({folder / "new name/a.jpg"}));
+    EXPECT_TRUE(deliveries.tells({folder.write("new name/b.jpg")}));
 }
 
 TEST_F(LinuxFolderWatcherTest, ABurstIsOneDelivery) {
-    folder_.makeFolder("burst");
+    folder.makeFolder("burst");
     watch();
-    deliveries_.holdUp(true);
-    EXPECT_TRUE(deliveries_.tells({folder_.write("stopper")}));
+    deliveries.holdUp(true);
+    EXPECT_TRUE(deliveries.tells({folder.write("stopper")}));
     std::set<std::string> written;
     for (int i = 0; i < 5000; ++i)
-        written.insert(folder_.write("burst/" + std::to_string(i) + ".jpg"));
-    deliveries_.holdUp(false);
-    EXPECT_TRUE(deliveries_.tells(written));
-    EXPECT_EQ(deliveries_.count(), 2);
+        written.insert(folder.write("burst/" + std::to_string(i) + ".jpg"));
+    deliveries.holdUp(false);
+    EXPECT_TRUE(deliveries.tells(written));
+    EXPECT_EQ(deliveries.count(), 2);
 }
 
 TEST_F(LinuxFolderWatcherTest, WhatTheKernelHadToDropIsFoundAllTheSame) {
-    folder_.makeFolder("a");
+    folder.makeFolder("a");
     watch();
-    deliveries_.holdUp(true);
-    EXPECT_TRUE(deliveries_.tells({folder_.write("stopper")}));
+    deliveries.holdUp(true);
+    EXPECT_TRUE(deliveries.tells({folder.write("stopper")}));
     // More than a queue takes by default, and nobody is reading.
     std::set<std::string> written;
     for (int i = 0; i < 20'000; ++i)
-        written.insert(folder_.write("a/" + std::to_string(i), ""));
-    written.insert(folder_.write("new folder/at the end.jpg"));
-    deliveries_.holdUp(false);
-    EXPECT_TRUE(deliveries_.tells(written));
-    EXPECT_TRUE(deliveries_.tells({folder_.write("new folder/one more.jpg")}));
+        written.insert(folder.write("a/" + std::to_string(i), ""));
+    written.insert(folder.write("new folder/at the end.jpg"));
+    deliveries.holdUp(false);
+    EXPECT_TRUE(deliveries.tells(written));
+    EXPECT_TRUE(deliveries.tells({folder.write("new folder/one more.jpg")}));
 }
 
 TEST_F(LinuxFolderWatcherTest, FoldersWithoutAWatchAreLookedOver) {
-    folder_.makeFolder("a");
-    folder_.makeFolder("b");
-    folder_.makeFolder("c");
-    mostWatches_ = 2;
+    folder.makeFolder("a");
+    folder.makeFolder("b");
+    folder.makeFolder("c");
+    mostWatches = 2;
     watch();
-    volume_.waitForNextLook();
-    const auto a = folder_.write("a/1.jpg");
-    const auto b = folder_.write("b/1.jpg");
-    const auto c = folder_.write("c/1.jpg");
-    EXPECT_TRUE(deliveries_.tells({a, b, c}));
+    disk.waitForNextLook();
+    const auto a = folder.write("a/1.jpg");
+    const auto b = folder.write("b/1.jpg");
+    const auto c = folder.write("c/1.jpg");
+    EXPECT_TRUE(deliveries.tells({a, b, c}));
 }
 
 TEST_F(LinuxFolderWatcherTest, WithoutAnyWatchAllIsFoundByLooking) {
-    const auto old = folder_.write("old.jpg");
-    mostWatches_ = 0;
+    const auto old = folder.write("old.jpg");
+    mostWatches = 0;
     watch();
-    volume_.waitForNextLook();
-    EXPECT_TRUE(deliveries_.tells({folder_.write("a/new.jpg")}));
-    EXPECT_THAT(deliveries_.paths(), Not(Contains(old)));
+    disk.waitForNextLook();
+    EXPECT_TRUE(deliveries.tells({folder.write("a/new.jpg")}));
+    EXPECT_THAT(deliveries.paths(), Not(Contains(old)));
 }
 
 TEST_F(LinuxFolderWatcherTest, OnANetworkWhatOthersWriteIsFoundAsWell) {
     // Nothing is heard, as of what another machine writes.
-    mostWatches_ = 0;
-    volume_.isRemote = true;
-    const auto old = folder_.write("old.jpg");
+    mostWatches = 0;
+    disk.isRemote = true;
+    const auto old = folder.write("old.jpg");
     watch();
-    volume_.waitForNextLook();
-    const auto written = folder_.write("a/from afar.jpg");
-    EXPECT_TRUE(deliveries_.tells({written}));
-    const int deliveries = deliveries_.count();
-    volume_.waitForNextLook();
-    EXPECT_EQ(deliveries_.count(), deliveries);
+    disk.waitForNextLook();
+    const auto written = folder.write("a/from afar.jpg");
+    EXPECT_TRUE(deliveries.tells({written}));
+    const int before = deliveries.count();
+    disk.waitForNextLook();
+    EXPECT_EQ(deliveries.count(), before);
     std::ofstream(old, std::ios::app) << "longer";
-    EXPECT_TRUE(deliveries_.tells({old}));
+    EXPECT_TRUE(deliveries.tells({old}));
 }
 
 TEST_F(LinuxFolderWatcherTest, AFolderThatVanishesAndComesBackIsWatchedAgain) {
-    const auto old = folder_.write("old.jpg");
+    const auto old = folder.write("old.jpg");
     watch();
     EXPECT_TRUE(tellsALaterFile());
-    std::filesystem::rename(folder_.path(), elsewhere_ / "away");
-    elsewhere_.write("away/while it was away.jpg");
-    std::filesystem::rename(elsewhere_ / "away", folder_.path());
-    EXPECT_TRUE(deliveries_.tells({folder_ / "while it was away.jpg"}));
+    std::filesystem::rename(folder.path(), elsewhere / "away");
+    elsewhere.write("away/while it was away.jpg");
+    std::filesystem::rename(elsewhere / "away", folder.path());
+    EXPECT_TRUE(deliveries.tells({folder / "while it was away.jpg"}));
     EXPECT_TRUE(tellsALaterFile());
-    EXPECT_THAT(deliveries_.paths(), Not(Contains(old)));
+    EXPECT_THAT(deliveries.paths(), Not(Contains(old)));
 }
 
 TEST_F(LinuxFolderWatcherTest, AFolderThatIsNotThereYetIsWatchedFromItsFirstFileOn) {
-    std::filesystem::remove(folder_.path());
+    std::filesystem::remove(folder.path());
     watch();
-    EXPECT_TRUE(deliveries_.tells({folder_.write("first.jpg")}));
-    EXPECT_TRUE(deliveries_.tells({folder_.write("sub/second.jpg")}));
+    EXPECT_TRUE(deliveries.tells({folder.write("first.jpg")}));
+    EXPECT_TRUE(deliveries.tells({folder.write("sub/second.jpg")}));
 }
 
 TEST_F(LinuxFolderWatcherTest, AnotherFolderAtItsPlaceIsWatched) {
     watch();
     EXPECT_TRUE(tellsALaterFile());
-    elsewhere_.write("other/there already.jpg");
-    std::filesystem::remove_all(folder_.path());
-    std::filesystem::rename(elsewhere_ / "other", folder_.path());
-    EXPECT_TRUE(deliveries_.tells({folder_ / "there already.jpg"}));
+    elsewhere.write("other/there already.jpg");
+    std::filesystem::remove_all(folder.path());
+    std::filesystem::rename(elsewhere / "other", folder.path());
+    EXPECT_TRUE(deliveries.tells({folder / "there already.jpg"}));
     EXPECT_TRUE(tellsALaterFile());
 }
 
 TEST_F(LinuxFolderWatcherTest, ASymlinkToAFolderIsWatched) {
-    std::filesystem::remove(folder_.path());
-    std::filesystem::create_directory_symlink(elsewhere_.path(), folder_.path());
+    std::filesystem::remove(folder.path());
+    std::filesystem::create_directory_symlink(elsewhere.path(), folder.path());
     watch();
-    elsewhere_.write("sub/new.jpg");
-    EXPECT_TRUE(deliveries_.tells({folder_ / "sub/new.jpg"}));
-    std::filesystem::remove(folder_.path());
+    elsewhere.write("sub/new.jpg");
+    EXPECT_TRUE(deliveries.tells({folder / "sub/new.jpg"}));
+    std::filesystem::remove(folder.path());
 }
 
 TEST_F(LinuxFolderWatcherTest, OddNamesAreToldByteByByte) {
     watch();
-    EXPECT_TRUE(deliveries_.tells({folder_.write("not utf-8 \xff\xfe.jpg"), folder_.write("line\nbreak.jpg"),
-                                   folder_.write(std::string(255, 'n'))}));
+    EXPECT_TRUE(deliveries.tells({folder.write("not utf-8 \xff\xfe.jpg"), folder.write("line\nbreak.jpg"),
+                                  folder.write(std::string(255, 'n'))}));
 }
 
 TEST_F(LinuxFolderWatcherTest, IsDestroyedInTheMiddleOfALook) {
     for (int i = 0; i < 200; ++i)
-        folder_.write(std::to_string(i) + "/a.jpg");
+        folder.write(std::to_string(i) + "/a.jpg");
     watch();
-    watch_.reset();
-    folder_.write("too late.jpg");
-    EXPECT_EQ(deliveries_.count(), 0);
+    watching.reset();
+    folder.write("too late.jpg");
+    EXPECT_EQ(deliveries.count(), 0);
 }
 
 TEST_F(LinuxFolderWatcherTest, SurvivesItsVolumesUnplugging) {
     // The volume and its mounts are seen by its own thread and those that it starts alone.
-    const int refusal = testing::withVolumeOfItsOwn(1 << 20, [](const testing::VolumeOfItsOwn& volume) {
-        LinuxFileSystem fileSystem;
-        Deliveries deliveries;
-        LinuxFolderWatcher watcher(fileSystem, {20ms, 40ms, 10ms});
-        const auto watch = watcher.watch(volume.path(), deliveries.taker());
-        ASSERT_TRUE(watch);
+    const int refusal = testing::withVolumeOfItsOwn(1 << 20, [this](const testing::VolumeOfItsOwn& volume) {
+        LinuxFolderWatcher watcher(real, times);
+        const auto itsWatch = watcher.watch(volume.path(), deliveries.taker());
+        ASSERT_TRUE(itsWatch);
         const auto write = [&](const std::string& name) {
             std::ofstream(volume.path() + "/" + name) << "content";
             return volume.path() + "/" + name;

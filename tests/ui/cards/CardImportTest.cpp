@@ -12,60 +12,60 @@ using ::testing::IsEmpty;
 class CardImportTest : public ::testing::Test {
 protected:
     CardImportTest() {
-        QObject::connect(&cards_, &CardImport::sourceChosen,
-                         [this](const std::string& folder) { chosen_.push_back(folder); });
+        QObject::connect(&cards, &CardImport::sourceChosen,
+                         [this](const std::string& folder) { chosen.push_back(folder); });
     }
 
-    CardImport cards_;
-    std::vector<std::string> chosen_;
+    CardImport cards;
+    std::vector<std::string> chosen;
 };
 
 TEST_F(CardImportTest, OffersTheCamerasFolderFirst) {
-    EXPECT_FALSE(cards_.isOpen());
-    cards_.offer("/run/media/jo/EOS_DIGITAL");
-    EXPECT_TRUE(cards_.isOpen());
-    EXPECT_EQ(cards_.volumeName(), "EOS_DIGITAL");
-    EXPECT_FALSE(cards_.isRootSelected());
-    EXPECT_EQ(cards_.selectedPath(), "/run/media/jo/EOS_DIGITAL/DCIM");
-    cards_.addAsSource();
-    EXPECT_FALSE(cards_.isOpen());
-    EXPECT_THAT(chosen_, ElementsAre("/run/media/jo/EOS_DIGITAL/DCIM"));
+    EXPECT_FALSE(cards.isOpen());
+    cards.offer("/run/media/jo/EOS_DIGITAL");
+    EXPECT_TRUE(cards.isOpen());
+    EXPECT_EQ(cards.volumeName(), "EOS_DIGITAL");
+    EXPECT_FALSE(cards.isRootSelected());
+    EXPECT_EQ(cards.selectedPath(), "/run/media/jo/EOS_DIGITAL/DCIM");
+    cards.addAsSource();
+    EXPECT_FALSE(cards.isOpen());
+    EXPECT_THAT(chosen, ElementsAre("/run/media/jo/EOS_DIGITAL/DCIM"));
 }
 
 TEST_F(CardImportTest, TheWholeCardCanBeHad) {
-    cards_.offer("/run/media/jo/EOS_DIGITAL");
-    cards_.selectRoot();
-    EXPECT_TRUE(cards_.isRootSelected());
-    EXPECT_EQ(cards_.selectedPath(), "/run/media/jo/EOS_DIGITAL");
-    cards_.selectCameraFolder();
-    EXPECT_FALSE(cards_.isRootSelected());
-    cards_.selectRoot();
-    cards_.addAsSource();
-    EXPECT_THAT(chosen_, ElementsAre("/run/media/jo/EOS_DIGITAL"));
+    cards.offer("/run/media/jo/EOS_DIGITAL");
+    cards.selectRoot();
+    EXPECT_TRUE(cards.isRootSelected());
+    EXPECT_EQ(cards.selectedPath(), "/run/media/jo/EOS_DIGITAL");
+    cards.selectCameraFolder();
+    EXPECT_FALSE(cards.isRootSelected());
+    cards.selectRoot();
+    cards.addAsSource();
+    EXPECT_THAT(chosen, ElementsAre("/run/media/jo/EOS_DIGITAL"));
 }
 
 TEST_F(CardImportTest, IgnoringChangesNothing) {
-    cards_.offer("/media/card");
-    cards_.ignore();
-    EXPECT_FALSE(cards_.isOpen());
-    cards_.addAsSource();
-    EXPECT_THAT(chosen_, IsEmpty());
+    cards.offer("/media/card");
+    cards.ignore();
+    EXPECT_FALSE(cards.isOpen());
+    cards.addAsSource();
+    EXPECT_THAT(chosen, IsEmpty());
 }
 
 TEST_F(CardImportTest, ALaterCardTakesTheEarliersPlace) {
-    cards_.offer("/media/one");
-    cards_.selectRoot();
-    cards_.offer("/media/two");
-    EXPECT_EQ(cards_.volumeName(), "two");
-    EXPECT_FALSE(cards_.isRootSelected());
+    cards.offer("/media/one");
+    cards.selectRoot();
+    cards.offer("/media/two");
+    EXPECT_EQ(cards.volumeName(), "two");
+    EXPECT_FALSE(cards.isRootSelected());
 }
 
 TEST_F(CardImportTest, OddNamesAreShownOnOneLine) {
-    cards_.offer("/media/line\nbreak \xff");
-    EXPECT_EQ(cards_.volumeName(), QStringLiteral("line\u240Abreak \uFFFD"));
-    cards_.offer("/");
-    EXPECT_EQ(cards_.volumeName(), "/");
-    EXPECT_EQ(cards_.selectedPath(), "/DCIM");
+    cards.offer("/media/line\nbreak \xff");
+    EXPECT_EQ(cards.volumeName(), QStringLiteral("line\u240Abreak \uFFFD"));
+    cards.offer("/");
+    EXPECT_EQ(cards.volumeName(), "/");
+    EXPECT_EQ(cards.selectedPath(), "/DCIM");
 }
 
 }  // namespace
