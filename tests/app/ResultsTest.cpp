@@ -73,6 +73,30 @@ TEST_F(ResultsTest, ALibraryWithoutDuplicatesHasStatisticsAlone) {
     EXPECT_TRUE(user.canPress("STATS"));
 }
 
+// Cards as high as their facts from the first frame on, though those wrap.
+TEST_F(ResultsTest, CardsAreLaidOutAsTheyAreDrawn) {
+    startWithFolders();
+    user.library().write("in/" + std::string(200, 'n') + "/IMG_20230817_100000.jpg", "the same bytes");
+    dryRun();
+    viewer().open();
+    user.window().drawFrames(5);
+    const auto cards = user.window().itemsNamed("fileCard");
+    ASSERT_GE(cards.size(), 2U);
+    for (QQuickItem* const card : cards) {
+        const auto facts = card->findChild<QQuickItem*>("facts");
+        ASSERT_NE(facts, nullptr);
+        double bottom = 0;
+        for (QQuickItem* const value : facts->findChildren<QQuickItem*>("factValue")) {
+            EXPECT_EQ(value->height(), value->property("contentHeight").toDouble());
+            EXPECT_GE(value->mapToItem(facts, QPointF()).y(), bottom)
+                << value->property("text").toString().toStdString();
+            bottom = value->mapToItem(facts, QPointF(0, value->height())).y();
+        }
+        EXPECT_LT(card->height(), 260) << card->property("heading").toString().toStdString();
+        EXPECT_LE(facts->mapToItem(card, QPointF(0, bottom)).y(), card->height());
+    }
+}
+
 TEST_F(ResultsTest, TheViewerShowsTheDuplicatesOfADryRun) {
     startWithFolders();
     dryRun();

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "ui/desktop/SpinUntil.h"
+
 namespace vellomar::testing {
 namespace {
 
@@ -100,6 +102,16 @@ void WindowDriver::settle() {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         forEachItem(*window_.contentItem(), [](QQuickItem& item) { item.ensurePolished(); });
+    }
+}
+
+void WindowDriver::drawFrames(int count) {
+    for (int frame = 0; frame < count; ++frame) {
+        bool isDrawn = false;
+        const auto connection = QObject::connect(&window_, &QQuickWindow::frameSwapped, [&] { isDrawn = true; });
+        window_.update();
+        EXPECT_TRUE(spinUntil([&] { return isDrawn; }));
+        QObject::disconnect(connection);
     }
 }
 

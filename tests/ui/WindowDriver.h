@@ -40,6 +40,10 @@ public:
     // Lets what is due happen and the layout settle.
     void settle();
 
+    // Lets the window draw itself as it does for a user: unlike settle() this lays out nothing that would not be laid
+    // out anyway.
+    void drawFrames(int count);
+
     // The window as a PNG file, in the folder that VELLOMAR_SCREENSHOTS names; nothing without it.
     void saveScreenshot(const std::string& name);
 

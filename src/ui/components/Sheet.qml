@@ -138,6 +138,7 @@ T.Popup {
                     ColumnLayout {
                         spacing: 4
                         Layout.fillWidth: true
+                        Layout.maximumWidth: Infinity  // else as wide as the title
 
                         Row {
                             spacing: 10
@@ -190,6 +191,7 @@ T.Popup {
                     RowLayout {
                         id: actions
                         spacing: 8
+                        Layout.fillWidth: false
                         Layout.alignment: Qt.AlignTop
                     }
 

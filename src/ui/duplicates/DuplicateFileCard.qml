@@ -1,11 +1,11 @@
 import QtQuick
-import QtQuick.Layouts
 import Vellomar
 
 // One file of a group: whether it is the one to keep, and what there is to know of it. That has the picture, which
 // all of them have in common.
 FocusScope {
     id: card
+    objectName: "fileCard"
 
     required property int index
     required property string heading
@@ -21,22 +21,23 @@ FocusScope {
 
     signal revealed
 
-    component Fact: RowLayout {
+    // Placed by hand: nested layouts would ask a text for its height before they know its width, and keep the answer.
+    component Fact: Item {
         required property string key
         property alias value: valueText.text
 
-        spacing: 8
-        Layout.fillWidth: true
+        width: parent?.width ?? 0
+        implicitHeight: Math.max(keyText.implicitHeight, valueText.implicitHeight)
 
         BodyText {
+            id: keyText
             objectName: "factKey"
             text: parent.key
             size: 10
             colour: Theme.secondaryText
+            wrapMode: Text.NoWrap
+            width: 55
             Accessible.ignored: true
-            Layout.minimumWidth: 55
-            Layout.maximumWidth: 55
-            Layout.alignment: Qt.AlignTop
         }
         SelectableText {
             id: valueText
@@ -44,14 +45,14 @@ FocusScope {
             size: 10
             colour: Theme.brighterBodyText
             wrapMode: TextEdit.WrapAnywhere
+            x: 55 + 8
+            width: Math.max(0, parent.width - x)
             Accessible.ignored: true
-            Layout.fillWidth: true
-            Layout.preferredWidth: 1
         }
     }
 
     // Never next to nothing, not even before it is laid out: a list makes rows until it is full.
-    height: Math.max(120, column.implicitHeight + 2 * padding)
+    height: Math.max(120, facts.y + Math.max(facts.implicitHeight, isKept ? picture.size : 0) + padding)
     Accessible.role: Accessible.ListItem
     Accessible.name: `${heading}: ${fileName}`
     Accessible.description: destination + further(source) + further(size) + further(modified)
@@ -68,80 +69,81 @@ FocusScope {
         border.width: 1
         border.color: Theme.hairline
     }
-    ColumnLayout {
-        id: column
+    CapitalLabel {
+        objectName: "cardHeading"
         anchors {
             left: parent.left
+            right: reveal.left
+            verticalCenter: reveal.verticalCenter
+            leftMargin: card.padding
+            rightMargin: 8
+        }
+        text: card.heading
+        colour: card.isKept ? Theme.success : Theme.duplicateOrange
+        font.bold: true
+        Accessible.ignored: true
+    }
+    ActionButton {
+        id: reveal
+        anchors {
             right: parent.right
             top: parent.top
             margins: card.padding
         }
-        spacing: 10
+        focus: true
+        focusPolicy: Qt.ClickFocus  // the list is what Tab comes to
+        text: qsTr("REVEAL IN FINDER")
+        implicitHeight: 24
+        leftPadding: 10
+        rightPadding: 10
+        labelSize: 9
+        fill: Theme.popover
+        edge: Theme.edge
+        colour: Theme.secondaryText
+        enabled: card.canReveal
+        Accessible.description: enabled ? card.fileName : qsTr("Unavailable")
+        onClicked: card.revealed()
 
-        RowLayout {
-            CapitalLabel {
-                objectName: "cardHeading"
-                text: card.heading
-                colour: card.isKept ? Theme.success : Theme.duplicateOrange
-                font.bold: true
-                Accessible.ignored: true
-                Layout.fillWidth: true
-            }
-            ActionButton {
-                focus: true
-                focusPolicy: Qt.ClickFocus  // the list is what Tab comes to
-                text: qsTr("REVEAL IN FINDER")
-                implicitHeight: 24
-                leftPadding: 10
-                rightPadding: 10
-                labelSize: 9
-                fill: Theme.popover
-                edge: Theme.edge
-                colour: Theme.secondaryText
-                enabled: card.canReveal
-                Accessible.description: enabled ? card.fileName : qsTr("Unavailable")
-                onClicked: card.revealed()
-
-                FocusRing {
-                    shown: parent.activeFocus
-                }
-            }
+        FocusRing {
+            shown: parent.activeFocus
         }
-        RowLayout {
-            spacing: 12
+    }
+    ThumbnailView {
+        id: picture
+        x: card.padding
+        y: facts.y
+        size: 120
+        source: card.thumbnail
+        visible: card.isKept
+    }
+    Column {
+        id: facts
+        objectName: "facts"
+        x: card.padding + (card.isKept ? picture.size + 12 : 0)
+        y: reveal.y + reveal.height + 10
+        width: card.width - x - card.padding
+        spacing: 4
 
-            ThumbnailView {
-                size: 120
-                source: card.thumbnail
-                visible: card.isKept
-                Layout.alignment: Qt.AlignTop
-            }
-            ColumnLayout {
-                spacing: 4
-                Layout.alignment: Qt.AlignTop
-
-                Fact {
-                    key: qsTr("File")
-                    value: card.fileName
-                }
-                Fact {
-                    key: qsTr("Dest")
-                    value: card.destination
-                }
-                Fact {
-                    key: qsTr("Source")
-                    value: card.source
-                    visible: card.source !== ""
-                }
-                Fact {
-                    key: qsTr("Size")
-                    value: card.size
-                }
-                Fact {
-                    key: qsTr("Modified")
-                    value: card.modified
-                }
-            }
+        Fact {
+            key: qsTr("File")
+            value: card.fileName
+        }
+        Fact {
+            key: qsTr("Dest")
+            value: card.destination
+        }
+        Fact {
+            key: qsTr("Source")
+            value: card.source
+            visible: card.source !== ""
+        }
+        Fact {
+            key: qsTr("Size")
+            value: card.size
+        }
+        Fact {
+            key: qsTr("Modified")
+            value: card.modified
         }
     }
 }

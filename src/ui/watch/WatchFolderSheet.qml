@@ -80,12 +80,14 @@ Sheet {
             label: qsTr("FILES PROCESSED")
             value: root.model.filesProcessed
             Layout.fillWidth: true
+            Layout.fillHeight: true
             Layout.preferredWidth: 1
         }
         StatCard {
             label: qsTr("LAST ACTIVITY")
             value: root.model.lastActivity === "" ? qsTr("Waiting") : root.model.lastActivity
             Layout.fillWidth: true
+            Layout.fillHeight: true
             Layout.preferredWidth: 1
         }
     }
