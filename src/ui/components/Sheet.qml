@@ -12,6 +12,7 @@ import Vellomar
 T.Popup {
     id: root
 
+    property bool hasHeader: true  // else the body brings its own
     property string symbol
     property color symbolColour: Theme.yellow
     property string title
@@ -31,7 +32,8 @@ T.Popup {
     property Item initialFocus: closeButton
     property Item startedOn: null
     property Item returnTo: null
-    property alias headerLead: lead.data  // before the title
+    property alias headerLead: lead.data  // before the title and what stands below it
+    property alias titleLead: titleLeadRow.data  // before the title alone
     property alias headerActions: actions.data
     property alias footer: footerRow.data
     property alias cover: coverItem.data  // over all the rest
@@ -118,6 +120,7 @@ T.Popup {
 
             SheetBar {
                 objectName: "sheetHeader"
+                visible: root.hasHeader
                 contentHeight: headerRow.implicitHeight
                 radius: 8
                 Layout.fillWidth: true
@@ -143,6 +146,11 @@ T.Popup {
                         Row {
                             spacing: 10
 
+                            Row {
+                                id: titleLeadRow
+                                anchors.verticalCenter: parent.verticalCenter
+                                visible: children.length > 0
+                            }
                             Symbol {
                                 objectName: "sheetSymbol"
                                 anchors.verticalCenter: parent.verticalCenter

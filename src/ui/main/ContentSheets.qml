@@ -15,7 +15,7 @@ Item {
         delayed: true
         value: dryRun.visible || realRun.visible || undo.visible || presets.visible || rules.visible || watch.visible
             || duplicates.visible || statistics.visible || dates.visible || hashAlert.visible || overwriteAlert.visible
-            || inspector.visible || quit.visible
+            || inspector.visible || quit.visible || help.visible || changelog.visible
     }
 
     DryRunConfirmSheet {
@@ -95,6 +95,16 @@ Item {
         visible: sheets.content.options.isOverwriteAsked
         onConfirmed: sheets.content.options.useOverwrite()
         onCancelled: sheets.content.options.dismissOverwrite()
+    }
+    HelpSheet {
+        id: help
+        model: sheets.content.help
+        visible: sheets.content.help.isOpen
+    }
+    ChangelogSheet {
+        id: changelog
+        model: sheets.content.changelog
+        visible: sheets.content.changelog.isOpen
     }
     EXIFViewerSheet {
         id: inspector

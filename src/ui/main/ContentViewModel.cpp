@@ -41,6 +41,7 @@ ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* pa
       duplicates_({surroundings.engine.state(), surroundings.events, surroundings.fileSystem, surroundings.reveal,
                    surroundings.background.runner()}),
       statistics_(surroundings.engine.state(), surroundings.events),
+      help_(surroundings.links),
       dryRun_(ConfirmationModel::Run::dry),
       realRun_(ConfirmationModel::Run::real) {
     connectFolders();

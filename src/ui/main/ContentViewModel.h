@@ -28,6 +28,8 @@
 #include "ui/desktop/FileReveal.h"
 #include "ui/desktop/LinkOpener.h"
 #include "ui/duplicates/DuplicateViewerModel.h"
+#include "ui/help/Changelog.h"
+#include "ui/help/Help.h"
 #include "ui/inspector/FileFacts.h"
 #include "ui/main/Banner.h"
 #include "ui/main/EngineEvents.h"
@@ -77,6 +79,8 @@ class ContentViewModel final : public QObject {
     Q_PROPERTY(vellomar::DuplicateViewerModel* duplicates READ duplicates CONSTANT)
     Q_PROPERTY(vellomar::LibraryStatsModel* statistics READ statistics CONSTANT)
     Q_PROPERTY(vellomar::DateCorrection* dates READ dates CONSTANT)
+    Q_PROPERTY(vellomar::Help* help READ help CONSTANT)
+    Q_PROPERTY(vellomar::Changelog* changelog READ changelog CONSTANT)
     Q_PROPERTY(QVariantList config READ config NOTIFY configChanged)
     Q_PROPERTY(bool hasBanner READ hasBanner NOTIFY bannerChanged)
     Q_PROPERTY(QString bannerSymbol READ bannerSymbol NOTIFY bannerChanged)
@@ -136,6 +140,9 @@ public:
     // What the last run found.
     [[nodiscard]] DuplicateViewerModel* duplicates() { return &duplicates_; }
     [[nodiscard]] LibraryStatsModel* statistics() { return &statistics_; }
+
+    [[nodiscard]] Help* help() { return &help_; }
+    [[nodiscard]] Changelog* changelog() { return &changelog_; }
 
     // The settings at a glance: sections, each a map of "heading" and "rows", of which each is one of "key", "value"
     // and "colour".
@@ -200,6 +207,8 @@ private:
     std::unique_ptr<CameraCards> cameraCards_;
     DuplicateViewerModel duplicates_;
     LibraryStatsModel statistics_;
+    Help help_;
+    Changelog changelog_;
     ConfirmationModel dryRun_;
     ConfirmationModel realRun_;
     bool lacksExifTool_ = false;

@@ -23,23 +23,20 @@ Rectangle {
         Wordmark {
             size: 15
         }
-        Rectangle {
-            implicitWidth: version.implicitWidth + 12
-            implicitHeight: version.implicitHeight + 4
-            radius: 3
-            color: Theme.sidePanel
-            border.color: Theme.edge
-
-            CapitalLabel {
-                id: version
-                anchors.centerIn: parent
-                // The chip names the version as it is, small letters and all.
-                font.capitalization: Font.MixedCase
-                text: "v4.6"
-                size: 9
-                tracking: 1
-                colour: Theme.tertiaryText
-            }
+        ActionButton {
+            objectName: "versionChip"
+            text: "v4.6"
+            // It names the version as it is, small letters and all.
+            capitals: false
+            implicitHeight: 19
+            leftPadding: 6
+            rightPadding: 6
+            labelSize: 9
+            colour: Theme.tertiaryText
+            fill: Theme.sidePanel
+            hoverFill: Theme.brightPanel
+            edge: Theme.edge
+            onClicked: header.content.changelog.open()
         }
         CapitalLabel {
             text: qsTr("VELLOMAR ORGANIZER")
@@ -56,6 +53,15 @@ Rectangle {
         Item {
             visible: paw.visible
             Layout.fillWidth: true
+        }
+        SymbolButton {
+            symbol: "questionmark.circle"
+            name: qsTr("Open help")
+            implicitWidth: 28
+            implicitHeight: 28
+            radius: 14
+            symbolSize: 18
+            onClicked: header.content.help.open()
         }
         StatusPillView {
             isRunning: header.content.status.isRunning

@@ -39,6 +39,10 @@ ApplicationWindow {
         onActivated: window.content.run.cancelRun()
     }
     Shortcut {
+        sequence: "F1"
+        onActivated: window.content.help.open()
+    }
+    Shortcut {
         sequence: "Ctrl+Q"
         onActivated: window.close()
     }

@@ -1,0 +1,40 @@
+#include "ui/help/HelpTopics.h"
+
+#include <QJsonObject>
+#include <QStringList>
+#include <QVariant>
+
+#include "ui/help/CompiledTexts.h"
+
+namespace vellomar {
+namespace {
+
+HelpTopic topicOf(const QJsonObject& entry, const WebAddresses& addresses) {
+    HelpTopic topic{entry[u"icon"].toString(),
+                    entry[u"title"].toString(),
+                    entry[u"content"].toVariant().toStringList().join(u'\n'),
+                    {},
+                    {}};
+    const bool leadsToExifTool = entry[u"action"].toString() == QLatin1String("exifToolSite");
+    const auto site = leadsToExifTool ? siteName(addresses.exifToolSite) : QString();
+    if (site.isEmpty()) return topic;
+    topic.actionURL = addresses.exifToolSite;
+    topic.actionLabel = QStringLiteral("Open %1").arg(site);
+    return topic;
+}
+
+}  // namespace
+
+QList<HelpTopic> helpTopics(const WebAddresses& addresses) {
+    QList<HelpTopic> topics;
+    for (const auto& entry : compiledTexts(QStringLiteral("help")))
+        topics << topicOf(entry.toObject(), addresses);
+    return topics;
+}
+
+bool isFoundIn(const HelpTopic& topic, const QString& searchText) {
+    const auto sought = searchText.toLower();
+    return topic.title.toLower().contains(sought) || topic.content.toLower().contains(sought);
+}
+
+}  // namespace vellomar
