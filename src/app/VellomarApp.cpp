@@ -50,6 +50,8 @@ VellomarApp::~VellomarApp() {
     // Lists leave rows that they once recycled to be deleted by the event loop, and an animation in one of them must
     // not outlive the QML engine.
     root_.reset();
+    if (auto* const images = dynamic_cast<ThumbnailImages*>(qml_.imageProvider(QStringLiteral("thumbnails"))))
+        images->end();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

@@ -84,6 +84,10 @@ ThumbnailImages::ThumbnailImages(Decode decode) : decode_(std::move(decode)) {
 }
 
 ThumbnailImages::~ThumbnailImages() {
+    end();
+}
+
+void ThumbnailImages::end() {
     isEnding_ = true;
     threads_.waitForDone();
 }

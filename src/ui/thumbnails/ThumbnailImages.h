@@ -27,6 +27,10 @@ public:
     ThumbnailImages(const ThumbnailImages&) = delete;
     ThumbnailImages& operator=(const ThumbnailImages&) = delete;
 
+    // Waits for the pictures that are being decoded; of all others, now and later, there is none. An engine that goes
+    // may leave this to its own threads, which know nothing of what `decode` needs.
+    void end();
+
     QQuickImageResponse* requestImageResponse(const QString& id, const QSize& requestedSize) override;
 
 private:

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <mutex>
+#include <thread>
 
 #include <gmock/gmock.h>
 
@@ -45,6 +46,10 @@ public:
     [[nodiscard]] std::vector<std::string> begun() {
         const std::scoped_lock hold(lock_);
         return begun_;
+    }
+    [[nodiscard]] int running() {
+        const std::scoped_lock hold(lock_);
+        return running_;
     }
     [[nodiscard]] int most() {
         const std::scoped_lock hold(lock_);
@@ -104,6 +109,18 @@ TEST_F(ThumbnailImagesTest, OneWhoIsGoneGetsNothing) {
     responses.clear();
     decoding.release();
     EXPECT_EQ(finished, 0);
+}
+
+TEST_F(ThumbnailImagesTest, TheEndWaitsForWhatIsBeingDecodedAndDecodesNoMore) {
+    for (int i = 0; i < 5; ++i)
+        ask("/in/" + std::to_string(i) + ".jpg");
+    ASSERT_TRUE(spinUntil([this] { return decoding.begun().size() == 3; }));
+    const std::jthread releasing([this] { decoding.release(); });
+    images.end();
+    EXPECT_EQ(decoding.running(), 0);
+    ask("/in/later.jpg");
+    ASSERT_TRUE(spinUntil([this] { return finished == 6; }));
+    EXPECT_EQ(decoding.begun().size(), 3U);
 }
 
 TEST_F(ThumbnailImagesTest, APictureHasRoundCornersAndAFailureIsNone) {
