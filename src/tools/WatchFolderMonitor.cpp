@@ -85,13 +85,15 @@ FolderWatcher::Deliver WatchFolderMonitor::taker() const {
             if (stop.stop_requested()) return;
             if (isArrival(fileSystem, path)) ++arrivals.count;
         }
-        port->post([arrivals](WatchFolderMonitor& monitor) { monitor.take(arrivals); });
+        port->post([arrivals, stop](WatchFolderMonitor& monitor) {
+            if (!stop.stop_requested()) monitor.take(arrivals);
+        });
     };
 }
 
 void WatchFolderMonitor::take(const Arrivals& arrivals) {
     const auto engine = engine_.lock();
-    if (!engine || !pendingOptions_ || !isWatching_) return;
+    if (!engine || !pendingOptions_) return;
     if (engine->state().isRunning || engine->hasTask() || isHeldUp_ || isOwnWork(arrivals)) return;
     if (arrivals.count == 0) return;
     appendWatchLog(fmt::format("{} new file(s) detected — sorting…", arrivals.count));

@@ -205,6 +205,16 @@ TEST_F(WatchFolderMonitorTest, StopEndsTheWatchAndSaysSo) {
     EXPECT_EQ(monitor.filesProcessed(), 0U);
 }
 
+TEST_F(WatchFolderMonitorTest, WhatWasOnItsWayWhenItStoppedIsNotForTheNextWatch) {
+    start();
+    watcher.tell({source.write("a.jpg")});
+    monitor.stop();
+    monitor.start(dest.path(), source.path(), optionsOf(true));
+    settle();
+    EXPECT_EQ(monitor.filesProcessed(), 0U);
+    EXPECT_THAT(harness.observer.allLogLines, IsEmpty());
+}
+
 TEST_F(WatchFolderMonitorTest, IsStartedAgainWithOtherFolders) {
     start();
     monitor.stop();

@@ -130,17 +130,21 @@ void TreeWatch::lookOver(Look look, const std::stop_token& stop) {
     if (!status || status->type != FileType::directory) return loseFolder();
     const bool isRegular = !mustLookOver_ && identity_ == status->identity;
     listen(status->identity);
-    FolderRecord found;
+    FolderRecord known;
     const bool wasThere = walk(setup_.folder, stop, [&](std::string path, const FileStatus& file) {
-        found.add(path, file.size);
-        if (isNew(look, path, file)) window_.addFound(std::move(path), file.size, allHeard_, begun);
+        // What is new is known once it was told.
+        if (isNew(look, path, file))
+            window_.addFound(std::move(path), file.size, allHeard_, begun);
+        else
+            known.add(path, file.size);
     });
-    if (stop.stop_requested() || !wasThere || !isStillThere()) return loseFolder();
+    const bool isComplete = wasThere && !stop.stop_requested() && isStillThere();
     // While it comes and goes only a part of it may have been seen, or, with its volume unplugged, nothing. The rest
     // must not be new when it is back.
-    if (!isRegular) found.add(known_);
-    found.settle();
-    known_ = std::move(found);
+    if (!isComplete || !isRegular) known.add(known_);
+    known.settle();
+    known_ = std::move(known);
+    if (!isComplete) return loseFolder();
     allHeard_ = begun;
     nextLookOver_ = steady_clock::now() + setup_.times.lookOver;
 }

@@ -85,6 +85,14 @@ public:
         return real().volumeIsLocal(path);
     }
 
+    // The folder of that path is gone when it is looked for at the end of the first look over it, and back then.
+    void hideOnce(std::string path) { hidden_ = std::move(path); }
+
+    [[nodiscard]] Expected<FileStatus> statusFollowingLinks(const std::string& path) override {
+        if (looks_ == 1 && path == hidden_ && !wasHidden_.exchange(true)) return systemFailure(ENOENT);
+        return real().statusFollowingLinks(path);
+    }
+
     void waitForLooks(int count) {
         for (int seen = looks_; seen < count; seen = looks_)
             looks_.wait(seen);
@@ -97,6 +105,8 @@ public:
 
 private:
     std::atomic<int> looks_ = 0;
+    std::string hidden_;
+    std::atomic<bool> wasHidden_ = false;
 };
 
 class LinuxFolderWatcherTest : public ::testing::Test {
@@ -308,6 +318,16 @@ TEST_F(LinuxFolderWatcherTest, AFolderThatVanishesAndComesBackIsWatchedAgain) {
     EXPECT_TRUE(deliveries.tells({folder / "while it was away.jpg"}));
     EXPECT_TRUE(tellsALaterFile());
     EXPECT_THAT(deliveries.paths(), Not(Contains(old)));
+}
+
+TEST_F(LinuxFolderWatcherTest, WhatWasThereBeforeIsNotNewThoughTheFirstLookWasCutShort) {
+    const auto old = folder.write("old.jpg");
+    const auto deep = folder.write("a/old.jpg");
+    disk.hideOnce(folder.path());
+    watch();
+    disk.waitForLooks(2);
+    EXPECT_TRUE(tellsALaterFile());
+    EXPECT_THAT(deliveries.paths(), AllOf(Not(Contains(old)), Not(Contains(deep))));
 }
 
 TEST_F(LinuxFolderWatcherTest, AFolderThatIsNotThereYetIsWatchedFromItsFirstFileOn) {
