@@ -23,19 +23,28 @@ icu::Locale userLocale() {
     return icu::Locale::createCanonical("C");
 }
 
-}  // namespace
-
-std::string timeOfDayText(Instant instant) {
-    const std::unique_ptr<icu::DateFormat> format(
-        icu::DateFormat::createTimeInstance(icu::DateFormat::kMedium, userLocale()));
+std::string textInUtc(icu::DateFormat* owned, Instant instant) {
+    const std::unique_ptr<icu::DateFormat> format(owned);
     if (!format) return {};
-    // What the wall clock shows, read as UTC: which zone that is depends on more than this library looks at.
     format->setTimeZone(*icu::TimeZone::getGMT());
-    const auto shown = instant.time_since_epoch() + std::chrono::seconds(localUtcOffset(instant));
     icu::UnicodeString text;
-    format->format(std::chrono::duration<double, std::milli>(shown).count(), text);
+    format->format(std::chrono::duration<double, std::milli>(instant.time_since_epoch()).count(), text);
     std::string utf8;
     return text.toUTF8String(utf8);
+}
+
+}  // namespace
+
+// What the wall clock shows, read as UTC: which zone that is depends on more than this library looks at.
+std::string timeOfDayText(Instant instant) {
+    return textInUtc(icu::DateFormat::createTimeInstance(icu::DateFormat::kMedium, userLocale()),
+                     instant + std::chrono::seconds(localUtcOffset(instant)));
+}
+
+std::string utcDateAndTimeText(Instant instant, const std::string& locale) {
+    return textInUtc(icu::DateFormat::createDateTimeInstance(icu::DateFormat::kMedium, icu::DateFormat::kShort,
+                                                             icu::Locale::createFromName(locale.c_str())),
+                     instant);
 }
 
 }  // namespace vellomar

@@ -1,3 +1,4 @@
+// Points in time as a language writes them. Any thread.
 #pragma once
 
 #include <string>
@@ -6,7 +7,11 @@
 
 namespace vellomar {
 
-// The local time of day with seconds, as the user's language writes it: "3:04:05 PM". Any thread.
+// The local time of day with seconds, as the language of the environment writes it: "3:04:05 PM".
 [[nodiscard]] std::string timeOfDayText(Instant instant);
+
+// By a clock that shows UTC: the date in the medium form of the language of `locale` ("en_US") and the time in its
+// short one: "Jun 14, 2024, 11:40 AM".
+[[nodiscard]] std::string utcDateAndTimeText(Instant instant, const std::string& locale);
 
 }  // namespace vellomar
