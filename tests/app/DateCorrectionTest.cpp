@@ -348,8 +348,7 @@ TEST_F(DateCorrectionSheetTest, WaitsForARun) {
     user.writeLargeFiles("in");
     user.start();
     user.pickFolders(library / "in", library.makeFolder("out"));
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
+    user.startDryRun();
     ASSERT_TRUE(spinUntil([&] { return user.canPress("CANCEL"); }));
     open();
     EXPECT_FALSE(user.canPress("APPLY SHIFT"));

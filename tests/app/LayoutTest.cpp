@@ -54,8 +54,7 @@ TEST_P(LayoutTest, DuringARun) {
     user.writeLargeFiles("in/zoo");
     keepSources({library / "in", library / "vanished"});
     user.start();
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
+    user.startDryRun();
     ASSERT_TRUE(spinUntil([&] { return user.canPress("CANCEL"); }));
     look("running");
     EXPECT_EQ(window().itemNamed("bottomBar").property("color").value<QColor>(), QColor("#110a0a"));
@@ -122,9 +121,7 @@ TEST_P(LayoutTest, WithAPlanAndItsInspector) {
     user.start();
     look("plan-empty");
     auto* const content = &user.app().content();
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
-    user.waitForEnd();
+    user.dryRun();
     auto& list = window().itemNamed("planList");
     QMetaObject::invokeMethod(&list, "forceActiveFocus");
     window().press(Qt::Key_Down);
@@ -246,9 +243,7 @@ TEST_P(LayoutTest, ItsPartsHaveTheirSizesAndColours) {
     library.write("in/a.jpg");
     keepSources({library / "in", library.makeFolder("out")});
     user.start();
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
-    user.waitForEnd();
+    user.dryRun();
     const auto sizeOf = [&](const char* name) { return placeOf(window().itemNamed(name)).size(); };
     const auto colourOf = [&](const char* name) { return window().itemNamed(name).property("color").value<QColor>(); };
     const double width = GetParam().width;

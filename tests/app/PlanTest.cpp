@@ -22,9 +22,7 @@ protected:
         library.write("in/IMG_20190504_100000.jpg");
         user.start();
         user.pickFolders(library / "in", library.makeFolder("out"));
-        user.press("Dry Run — Preview");
-        user.press("RUN DRY RUN");
-        user.waitForEnd();
+        user.dryRun();
     }
 
     [[nodiscard]] testing::WindowDriver popOut() {
@@ -61,8 +59,7 @@ TEST_F(PlanTest, SaysThatItIsBeingBuilt) {
     user.writeLargeFiles("in");
     user.start();
     user.pickFolders(user.library() / "in", user.library().makeFolder("out"));
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
+    user.startDryRun();
     ASSERT_TRUE(spinUntil([this] { return user.window().shows("Building plan…"); }));
     EXPECT_FALSE(user.window().shows("No preview yet"));
     user.waitForEnd();

@@ -37,9 +37,7 @@ TEST_P(ResultsLayoutTest, WithDuplicates) {
     keepSources({library / "in"});
     user.settingsFile().open()->setValue("opt_computeHash", true);
     user.start();
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
-    user.waitForEnd();
+    user.dryRun();
     std::filesystem::remove_all(library / "in/vanished");
     look("duplicates-button");
     user.press("DUPES (62)");
@@ -74,9 +72,7 @@ TEST_P(ResultsLayoutTest, WithVanishedDuplicates) {
     keepSources({library / "in"});
     user.settingsFile().open()->setValue("opt_computeHash", true);
     user.start();
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
-    user.waitForEnd();
+    user.dryRun();
     std::filesystem::remove_all(library / "in/vanished");
     user.press("DUPES (1)");
     look("duplicates-vanished");
@@ -100,17 +96,13 @@ TEST_P(ResultsLayoutTest, WithStatistics) {
     keepSources({library / "in"});
     user.settingsFile().open()->setValue("opt_includeOther", true);
     user.start();
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
-    user.waitForEnd();
+    user.dryRun();
     user.press("STATS");
     look("statistics");
     user.press("CLOSE");
     for (int i = 0; i < 150; ++i)
         library.write("in/" + std::to_string(1900 + i) + "/x." + std::to_string(i) + std::string(100, 'e'));
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
-    user.waitForEnd();
+    user.dryRun();
     user.press("STATS");
     look("statistics-many");
     window().press(Qt::Key_End);

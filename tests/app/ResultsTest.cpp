@@ -30,12 +30,6 @@ protected:
         user.pickFolders(library / "in", library.makeFolder("out"));
     }
 
-    void dryRun() {
-        user.press("Dry Run — Preview");
-        user.press("RUN DRY RUN");
-        user.waitForEnd();
-    }
-
     [[nodiscard]] QStringList factsOf(const QString& card) {
         auto* const interface = user.window().accessible(QAccessible::ListItem, card);
         return interface == nullptr ? QStringList() : interface->text(QAccessible::Description).split(", ");
@@ -68,7 +62,7 @@ TEST_F(ResultsTest, ALibraryWithoutDuplicatesHasStatisticsAlone) {
     user.library().write("in/IMG_20200101_100000.jpg", "unique");
     user.start();
     user.pickFolders(user.library() / "in", user.library().makeFolder("out"));
-    dryRun();
+    user.dryRun();
     EXPECT_FALSE(user.canPress("DUPES"));
     EXPECT_TRUE(user.canPress("STATS"));
 }
@@ -77,7 +71,7 @@ TEST_F(ResultsTest, ALibraryWithoutDuplicatesHasStatisticsAlone) {
 TEST_F(ResultsTest, CardsAreLaidOutAsTheyAreDrawn) {
     startWithFolders();
     user.library().write("in/" + std::string(200, 'n') + "/IMG_20230817_100000.jpg", "the same bytes");
-    dryRun();
+    user.dryRun();
     viewer().open();
     user.window().drawFrames(5);
     const auto cards = user.window().itemsNamed("fileCard");
@@ -99,7 +93,7 @@ TEST_F(ResultsTest, CardsAreLaidOutAsTheyAreDrawn) {
 
 TEST_F(ResultsTest, TheViewerShowsTheDuplicatesOfADryRun) {
     startWithFolders();
-    dryRun();
+    user.dryRun();
     EXPECT_TRUE(user.canPress("DUPES (2)"));
     user.press("DUPES (2)");
     ASSERT_TRUE(user.isOpen("DUPLICATE VIEWER"));
@@ -139,7 +133,7 @@ TEST_F(ResultsTest, AfterARealRunTheCopiesAreShownAndRevealed) {
 
 TEST_F(ResultsTest, TheViewerIsUsedByKeysAlone) {
     startWithFolders();
-    dryRun();
+    user.dryRun();
     user.press("DUPES (2)");
     auto& window = user.window();
     const auto first = window.focusedName();
@@ -159,7 +153,7 @@ TEST_F(ResultsTest, TheViewerIsUsedByKeysAlone) {
 
 TEST_F(ResultsTest, StatisticsTellTheTrueNumbers) {
     startWithFolders();
-    dryRun();
+    user.dryRun();
     user.press("STATS");
     ASSERT_TRUE(user.isOpen("LIBRARY STATISTICS"));
     auto& window = user.window();
@@ -181,7 +175,7 @@ TEST_F(ResultsTest, StatisticsTellTheTrueNumbers) {
 
 TEST_F(ResultsTest, OpenSheetsFollowTheNextRun) {
     startWithFolders();
-    dryRun();
+    user.dryRun();
     user.press("DUPES (2)");
     user.library().write("in/IMG_20200102_100000.jpg", "unique");
     user.app().content().run()->startDryRun();

@@ -83,6 +83,16 @@ bool RunningApp::isOpen(const QString& sheet) {
     return window_->accessible(QAccessible::Dialog, sheet) != nullptr;
 }
 
+void RunningApp::startDryRun() {
+    press("Dry Run — Preview");
+    press("RUN DRY RUN");
+}
+
+void RunningApp::dryRun() {
+    startDryRun();
+    waitForEnd();
+}
+
 void RunningApp::writeLargeFiles(const std::string& folder) {
     constexpr std::uintmax_t kSize = 300'000'000;
     for (const char* const name : {"/IMG_20230814_1.jpg", "/IMG_20230814_2.jpg"}) {

@@ -50,6 +50,10 @@ public:
     // Whether a sheet of that name is open.
     [[nodiscard]] bool isOpen(const QString& sheet);
 
+    // Asks for a dry run and confirms it. The second of the two waits until it has ended.
+    void startDryRun();
+    void dryRun();
+
     // Two large files of one size among the sources, which any run reads to its end: enough time to look at a run.
     void writeLargeFiles(const std::string& folder);
 

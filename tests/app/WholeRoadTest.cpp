@@ -192,8 +192,7 @@ TEST_F(WholeRoadTest, TabReachesEverythingThatCanBePressed) {
 TEST_F(WholeRoadTest, ASecondSortDuringARunDoesNothing) {
     user.writeLargeFiles("in");
     startWithFolders();
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
+    user.startDryRun();
     ASSERT_TRUE(spinUntil([&] { return user.canPress("CANCEL"); }));
     user.window().press(Qt::Key_R, Qt::ControlModifier);
     EXPECT_FALSE(user.isOpen("NORMAL RUN"));
@@ -237,9 +236,7 @@ TEST_F(WholeRoadTest, FoldersAreThereAfterARestart) {
 
 TEST_F(WholeRoadTest, ThePlanAndTheLogCanBeExported) {
     startWithFolders();
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
-    user.waitForEnd();
+    user.dryRun();
     user.chooser().answerNext({library / "plan.csv"});
     user.press("CSV");
     user.chooser().answerNext({library / "log.txt"});
@@ -295,8 +292,7 @@ TEST_F(WholeRoadTest, ADeletedSourceIsMarkedAndTheRunGoesOn) {
 TEST_F(WholeRoadTest, ClosingDuringARunAsksFirst) {
     user.writeLargeFiles("in");
     startWithFolders();
-    user.press("Dry Run — Preview");
-    user.press("RUN DRY RUN");
+    user.startDryRun();
     ASSERT_TRUE(spinUntil([&] { return user.canPress("CANCEL"); }));
 
     EXPECT_FALSE(user.app().window()->close());
