@@ -56,7 +56,9 @@ TEST_F(HelpSheetTest, ATopicIsChosenByAClick) {
     EXPECT_EQ(colourOf(*row), QColor("#111100"));
     EXPECT_EQ(colourOf(*row->findChild<QQuickItem*>("helpTopicTitle")), QColor("#e8e8e0"));
     EXPECT_EQ(window().itemNamed("helpColumn").width(), 210);
-    EXPECT_EQ(colourOf(window().itemNamed("helpColumn")), QColor("#0d0d0d"));
+    auto& column = window().itemNamed("helpColumn");
+    EXPECT_EQ(colourOf(column), QColor("#0d0d0d"));
+    EXPECT_EQ(colourOf(*column.findChild<QQuickItem*>("fieldBox")), QColor("#111111"));
 }
 
 TEST_F(HelpSheetTest, SearchingByKeyboardAlone) {

@@ -8,6 +8,7 @@ TextField {
 
     property bool isMarked: activeFocus
     property color quietEdge: Theme.edge
+    property color fill: Theme.inset
 
     implicitHeight: 32
     color: Theme.text
@@ -24,7 +25,7 @@ TextField {
 
     background: Rectangle {
         objectName: "fieldBox"
-        color: Theme.inset
+        color: field.fill
         radius: 3
         border.width: 1
         border.color: field.isMarked ? Theme.yellow : field.quietEdge

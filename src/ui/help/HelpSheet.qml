@@ -41,6 +41,7 @@ Sheet {
                 SearchField {
                     id: search
                     placeholderText: qsTr("Search help…")
+                    fill: Theme.sidePanel
                     text: root.model.searchText
                     Layout.margins: 12
                     Layout.fillWidth: true
