@@ -3,6 +3,7 @@
 #include <QStringList>
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <ostream>
 #include <string>
 #include <vector>
@@ -79,9 +80,10 @@ protected:
         driver.saveScreenshot("plan-" + std::to_string(GetParam().width) + "-" + state);
     }
 
-    // Whether it can be clicked: an open sheet keeps from it what lies under the sheet.
+    // Whether it can be clicked: an open sheet, or the tour, keeps from it what lies below.
     [[nodiscard]] bool isInReach(const QQuickItem& item) {
-        const auto sheets = window().itemsNamed("sheet");
+        auto sheets = window().itemsNamed("sheet");
+        std::ranges::copy(window().itemsNamed("tour"), std::back_inserter(sheets));
         return std::ranges::none_of(sheets, &QQuickItem::isVisible) ||
                std::ranges::any_of(sheets, [&](const QQuickItem* sheet) { return sheet->isAncestorOf(&item); });
     }

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "settings/SettingsKeys.h"
 #include "support/DecoderProgram.h"
 #include "ui/desktop/SpinUntil.h"
 
@@ -15,8 +16,13 @@ namespace vellomar::testing {
 RunningApp::RunningApp(QSize size) : size_(size) {}
 
 void RunningApp::start() {
-    window_.reset();
-    app_.reset();
+    end();
+    settingsFile_.open()->setValue(keys::kHasCompletedWizard, true);
+    startAsFound();
+}
+
+void RunningApp::startAsFound() {
+    end();
     app_ = std::make_unique<VellomarApp>(
         VellomarApp::Surroundings{.settingsFile = settingsFile_.path(),
                                   .decoderProgram = decoderProgram(),
@@ -122,6 +128,11 @@ void RunningApp::pickFolders(const std::string& source, const std::string& desti
     press("Set destination folder");
     ASSERT_TRUE(spinUntil([this] { return app_->content().run()->canRun(); }));
     window_->settle();
+}
+
+void RunningApp::end() {
+    window_.reset();
+    app_.reset();
 }
 
 }  // namespace vellomar::testing

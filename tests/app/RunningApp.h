@@ -22,8 +22,11 @@ class RunningApp {
 public:
     explicit RunningApp(QSize size = {900, 600});
 
-    // Starts it, with what it finds in the settings file; ends the one before.
+    // Starts it, with what it finds in the settings file; ends the one before. Its user has completed the wizard.
     void start();
+
+    // Starts it likewise, for somebody who may not have.
+    void startAsFound();
 
     [[nodiscard]] VellomarApp& app() { return *app_; }
     [[nodiscard]] WindowDriver& window() { return *window_; }
@@ -67,6 +70,7 @@ public:
     void pickFolders(const std::string& source, const std::string& destination);
 
 private:
+    void end();
     [[nodiscard]] bool isSorting() { return app_->engine().state().isRunning || app_->engine().hasTask(); }
 
     QSize size_;

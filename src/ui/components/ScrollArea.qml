@@ -7,11 +7,12 @@ Item {
     id: root
 
     property int padding: 0
+    property real endRoom: 0  // below the content, that its end can be scrolled further up
     property alias flickable: flickable
     property alias contentY: flickable.contentY
     default property alias content: holder.data
 
-    implicitHeight: flickable.contentHeight
+    implicitHeight: holder.height + 2 * padding
     Keys.onPressed: event => event.accepted = scrollBy(event.key)
 
     // Whether the key is one that scrolls.
@@ -29,6 +30,11 @@ Item {
             const top = item.mapToItem(flickable.contentItem, 0, 0).y;
             flickable.contentY = geometry.offsetToShow(top - 8, item.height + 16);
         }
+    }
+
+    // Scrolls `item`, which is somewhere inside, to `y` of the area, or as near as it can.
+    function bring(item: Item, y: real) {
+        flickable.contentY = geometry.offsetWithin(item.mapToItem(flickable.contentItem, 0, 0).y - y);
     }
 
     ScrollThumbGeometry {
@@ -53,7 +59,7 @@ Item {
         boundsBehavior: Flickable.StopAtBounds
         clip: true
         contentWidth: width
-        contentHeight: holder.height + 2 * root.padding
+        contentHeight: holder.height + 2 * root.padding + root.endRoom
 
         Item {
             id: holder

@@ -9,7 +9,7 @@ import Vellomar
 // The keyboard's focus starts on `initialFocus`, which is to be the safe choice, stays inside, and goes back to where it
 // came from. Return is `confirmed`, until the user moves the focus to a button: then it is that button's. Up to then the
 // focus follows `initialFocus` when that changes.
-T.Popup {
+ModalPopup {
     id: root
 
     property bool hasHeader: true  // else the body brings its own
@@ -31,7 +31,6 @@ T.Popup {
     property bool canConfirm: true
     property Item initialFocus: closeButton
     property Item startedOn: null
-    property Item returnTo: null
     property alias headerLead: lead.data  // before the title and what stands below it
     property alias titleLead: titleLeadRow.data  // before the title alone
     property alias headerActions: actions.data
@@ -47,19 +46,12 @@ T.Popup {
     readonly property bool isUntouched: opened && startedOn !== null && startedOn.activeFocus
         && !(startedOn as T.Control)?.visualFocus
 
-    parent: T.Overlay.overlay
     anchors.centerIn: parent
     width: Math.min(minimumWidth, (parent?.width ?? 0) - availableRoom)
     height: Math.min(Math.max(minimumHeight, frame.implicitHeight), (parent?.height ?? 0) - availableRoom)
-    padding: 0
-    modal: true
-    focus: true
-    closePolicy: T.Popup.NoAutoClose
 
-    onAboutToShow: returnTo = parent.Window.activeFocusItem
     onOpened: start()
     onInitialFocusChanged: later.restart()
-    onClosed: returnTo?.forceActiveFocus(Qt.OtherFocusReason)
 
     function start() {
         startedOn = initialFocus;

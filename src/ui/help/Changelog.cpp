@@ -2,7 +2,7 @@
 
 #include <QVariantMap>
 
-#include "ui/help/CompiledTexts.h"
+#include "ui/components/CompiledTexts.h"
 
 namespace vellomar {
 

@@ -7,9 +7,9 @@
 
 #include <QtQml/qqmlregistration.h>
 
+#include "ui/components/WebAddresses.h"
 #include "ui/desktop/LinkOpener.h"
 #include "ui/help/HelpTopics.h"
-#include "ui/help/WebAddresses.h"
 
 namespace vellomar {
 

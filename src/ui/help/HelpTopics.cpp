@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <QVariant>
 
-#include "ui/help/CompiledTexts.h"
+#include "ui/components/CompiledTexts.h"
 
 namespace vellomar {
 namespace {
@@ -16,10 +16,8 @@ HelpTopic topicOf(const QJsonObject& entry, const WebAddresses& addresses) {
                     {},
                     {}};
     const bool leadsToExifTool = entry[u"action"].toString() == QLatin1String("exifToolSite");
-    const auto site = leadsToExifTool ? siteName(addresses.exifToolSite) : QString();
-    if (site.isEmpty()) return topic;
-    topic.actionURL = addresses.exifToolSite;
-    topic.actionLabel = QStringLiteral("Open %1").arg(site);
+    if (leadsToExifTool) topic.actionLabel = openLabel(addresses.exifToolSite);
+    if (!topic.actionLabel.isEmpty()) topic.actionURL = addresses.exifToolSite;
     return topic;
 }
 

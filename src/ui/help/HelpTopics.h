@@ -3,7 +3,7 @@
 #include <QList>
 #include <QString>
 
-#include "ui/help/WebAddresses.h"
+#include "ui/components/WebAddresses.h"
 
 namespace vellomar {
 

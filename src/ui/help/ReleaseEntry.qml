@@ -15,28 +15,6 @@ Item {
     Accessible.role: Accessible.ListItem
     Accessible.name: heading.text
 
-    component Change: Item {
-        property alias text: words.text
-
-        width: parent?.width ?? 0
-        implicitHeight: words.implicitHeight
-
-        BodyText {
-            objectName: "changeDot"
-            text: "·"
-            colour: Theme.yellow
-            font.bold: true
-            Accessible.ignored: true
-        }
-        BodyText {
-            id: words
-            objectName: "change"
-            x: 14
-            width: Math.max(0, parent.width - x)
-            colour: Theme.text
-        }
-    }
-
     Column {
         id: column
         x: 24
@@ -108,10 +86,11 @@ Item {
                 Repeater {
                     model: group.modelData.items
 
-                    Change {
+                    BulletText {
                         required property string modelData
 
                         text: modelData
+                        colour: Theme.text
                     }
                 }
             }

@@ -7,6 +7,8 @@ ColumnLayout {
     id: column
 
     required property ContentViewModel content
+    readonly property alias dashboardArea: dashboard
+    readonly property alias actionsArea: actions
 
     spacing: 0
 
@@ -25,6 +27,7 @@ ColumnLayout {
             spacing: 12
 
             StatCardRow {
+                id: dashboard
                 labels: column.content.status.cardLabels
                 values: column.content.status.cardValues
                 Layout.fillWidth: true
@@ -47,6 +50,7 @@ ColumnLayout {
                 Layout.fillWidth: true
             }
             ActionRow {
+                id: actions
                 run: column.content.run
                 Layout.fillWidth: true
             }

@@ -6,6 +6,7 @@ Item {
     id: sheets
 
     required property ContentViewModel content
+    required property var tourAreas
     // What opens by itself waits for these, and until the last of them has given the focus back.
     property bool isOneOpen
 
@@ -16,6 +17,7 @@ Item {
         value: dryRun.visible || realRun.visible || undo.visible || presets.visible || rules.visible || watch.visible
             || duplicates.visible || statistics.visible || dates.visible || hashAlert.visible || overwriteAlert.visible
             || inspector.visible || quit.visible || help.visible || changelog.visible
+            || wizard.visible || tour.visible
     }
 
     DryRunConfirmSheet {
@@ -105,6 +107,16 @@ Item {
         id: changelog
         model: sheets.content.changelog
         visible: sheets.content.changelog.isOpen
+    }
+    FirstRunWizard {
+        id: wizard
+        model: sheets.content.firstRun.wizard
+        visible: sheets.content.firstRun.wizard.isOpen
+    }
+    UITourOverlay {
+        id: tour
+        tour: sheets.content.firstRun.tour
+        areas: sheets.tourAreas
     }
     EXIFViewerSheet {
         id: inspector

@@ -42,6 +42,7 @@ ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* pa
                    surroundings.background.runner()}),
       statistics_(surroundings.engine.state(), surroundings.events),
       help_(surroundings.links),
+      firstRun_(surroundings.settings, surroundings.mainActor, {folders_, surroundings.chooser, surroundings.links}),
       dryRun_(ConfirmationModel::Run::dry),
       realRun_(ConfirmationModel::Run::real) {
     connectFolders();
@@ -55,6 +56,7 @@ ContentViewModel::ContentViewModel(const Surroundings& surroundings, QObject* pa
 void ContentViewModel::appear() {
     presets_.loadPresets();
     folders_.load();
+    firstRun_.offerWizard();
     auto options = buildOptions(surroundings_.settings);
     options.includeVideos = false;
     saveOption(surroundings_.settings, options, "opt_includeVideos");

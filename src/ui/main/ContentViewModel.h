@@ -49,6 +49,7 @@
 #include "ui/statistics/LibraryStatsModel.h"
 #include "ui/undo/UndoFlow.h"
 #include "ui/watch/WatchFolder.h"
+#include "ui/wizard/FirstRun.h"
 
 namespace vellomar {
 
@@ -81,6 +82,7 @@ class ContentViewModel final : public QObject {
     Q_PROPERTY(vellomar::DateCorrection* dates READ dates CONSTANT)
     Q_PROPERTY(vellomar::Help* help READ help CONSTANT)
     Q_PROPERTY(vellomar::Changelog* changelog READ changelog CONSTANT)
+    Q_PROPERTY(vellomar::FirstRun* firstRun READ firstRun CONSTANT)
     Q_PROPERTY(QVariantList config READ config NOTIFY configChanged)
     Q_PROPERTY(bool hasBanner READ hasBanner NOTIFY bannerChanged)
     Q_PROPERTY(QString bannerSymbol READ bannerSymbol NOTIFY bannerChanged)
@@ -113,7 +115,8 @@ public:
 
     explicit ContentViewModel(const Surroundings& surroundings, QObject* parent = nullptr);
 
-    // Once, when the window appears: what was kept is read, and videos are off until they are asked for again.
+    // Once, when the window appears: what was kept is read, a new user is led through the wizard, and videos are off
+    // until they are asked for again.
     void appear();
 
     [[nodiscard]] RunStatus* status() { return &status_; }
@@ -143,6 +146,7 @@ public:
 
     [[nodiscard]] Help* help() { return &help_; }
     [[nodiscard]] Changelog* changelog() { return &changelog_; }
+    [[nodiscard]] FirstRun* firstRun() { return &firstRun_; }
 
     // The settings at a glance: sections, each a map of "heading" and "rows", of which each is one of "key", "value"
     // and "colour".
@@ -209,6 +213,7 @@ private:
     LibraryStatsModel statistics_;
     Help help_;
     Changelog changelog_;
+    FirstRun firstRun_;
     ConfirmationModel dryRun_;
     ConfirmationModel realRun_;
     bool lacksExifTool_ = false;

@@ -46,16 +46,6 @@ Look lookAt(FileSystem& fileSystem, const std::vector<std::string>& paths, const
     return look;
 }
 
-// An address elsewhere than on this machine stays as it is: no path, and so no folder.
-std::vector<std::string> pathsOf(const QList<QUrl>& addresses) {
-    std::vector<std::string> paths;
-    for (const auto& address : addresses) {
-        auto path = pathOfFileUrl(address);
-        paths.push_back(path ? *std::move(path) : address.toEncoded().toStdString());
-    }
-    return paths;
-}
-
 QString refusalOf(const std::vector<std::string>& others) {
     if (others.empty()) return {};
     if (others.size() == 1) return Folders::tr("“%1” is not a folder.").arg(displayText(others.front()));
@@ -128,12 +118,24 @@ void Folders::dismissRefusal() {
     refuse({});
 }
 
-void Folders::addSources(std::vector<std::string> paths) {
-    sortOut(std::move(paths), [this](const auto& folders) { takeSources(folders); });
+void Folders::addSources(std::vector<std::string> paths, Taken taken) {
+    sortOut(std::move(paths), [this, taken = std::move(taken)](const auto& folders) {
+        takeSources(folders);
+        if (taken) taken(folders);
+    });
 }
 
 void Folders::setDestination(std::vector<std::string> paths) {
     sortOut(std::move(paths), [this](const auto& folders) { takeDestination(folders.front()); });
+}
+
+std::vector<std::string> Folders::pathsOf(const QList<QUrl>& addresses) {
+    std::vector<std::string> paths;
+    for (const auto& address : addresses) {
+        auto path = pathOfFileUrl(address);
+        paths.push_back(path ? *std::move(path) : address.toEncoded().toStdString());
+    }
+    return paths;
 }
 
 void Folders::look() {
@@ -170,7 +172,7 @@ void Folders::takeDestination(const std::string& folder) {
     look();
 }
 
-void Folders::sortOut(std::vector<std::string> paths, std::function<void(const std::vector<std::string>&)> take) {
+void Folders::sortOut(std::vector<std::string> paths, Taken take) {
     if (paths.empty()) return;
     auto& fileSystem = surroundings_.fileSystem;
     surroundings_.background.run([&fileSystem, paths = std::move(paths)] { return sorted(fileSystem, paths); },

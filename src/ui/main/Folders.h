@@ -4,6 +4,7 @@
 #include <QString>
 #include <QUrl>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -82,9 +83,17 @@ public:
     // Adds a source without a look at the disk, unless it is one already.
     void addSource(const std::string& path) { takeSources({path}); }
 
-    // Adds folders, as far as they are some. The same for the destination.
-    void addSources(std::vector<std::string> paths);
+    // Takes folders, those of them that are sources already included.
+    using Taken = std::function<void(const std::vector<std::string>& folders)>;
+
+    // Adds folders, as far as they are some; `taken` is told of those, later, and not at all if there are none. The
+    // same for the destination, which is the first of them.
+    void addSources(std::vector<std::string> paths, Taken taken = {});
     void setDestination(std::vector<std::string> paths);
+
+    // What a drop's addresses stand for. An address elsewhere than on this machine stays as it is: no path, and so no
+    // folder.
+    [[nodiscard]] static std::vector<std::string> pathsOf(const QList<QUrl>& addresses);
 
     // Looks anew which folders are there and how much room there is. Returns at once; the answer is told by changed().
     void look();
@@ -99,7 +108,7 @@ private:
     void takeSources(const std::vector<std::string>& folders);
     void takeDestination(const std::string& folder);
     // Calls `take` with those of `paths` that are folders, and tells of the others.
-    void sortOut(std::vector<std::string> paths, std::function<void(const std::vector<std::string>&)> take);
+    void sortOut(std::vector<std::string> paths, Taken take);
 
     Surroundings surroundings_;
     SourceList list_;

@@ -9,6 +9,9 @@ Rectangle {
 
     required property ContentViewModel content
     readonly property Folders folders: content.folders
+    readonly property alias sourcesArea: sources
+    readonly property alias destinationArea: destination
+    readonly property alias configArea: config
 
     color: Theme.sidePanel
 
@@ -24,71 +27,83 @@ Rectangle {
             width: parent.width
             spacing: 8
 
-            RowLayout {
+            ColumnLayout {
+                id: sources
                 spacing: 8
                 Layout.fillWidth: true
-                Layout.preferredHeight: 24
+
+                RowLayout {
+                    spacing: 8
+                    Layout.fillWidth: true
+                    Layout.preferredHeight: 24
+
+                    CapitalLabel {
+                        text: qsTr("SOURCES (%1)").arg(column.folders.sources.count)
+                        Layout.fillWidth: true
+                    }
+                    TextButton {
+                        text: qsTr("Clear all")
+                        visible: column.folders.sources.count > 0
+                        onClicked: column.folders.clearSources()
+                    }
+                }
+                FolderDrop {
+                    text: qsTr("Drop to add")
+                    onAddressesDropped: addresses => column.folders.dropOnSources(addresses)
+                    Layout.fillWidth: true
+
+                    ColumnLayout {
+                        width: parent.width
+                        spacing: 4
+
+                        SourceRows {
+                            folders: column.folders
+                            Layout.fillWidth: true
+                        }
+                        AddFolderButton {
+                            text: qsTr("Add source folder")
+                            onClicked: column.folders.pickSources()
+                            Layout.fillWidth: true
+                        }
+                    }
+                }
+            }
+            ColumnLayout {
+                id: destination
+                spacing: 8
+                Layout.topMargin: 8
+                Layout.fillWidth: true
 
                 CapitalLabel {
-                    text: qsTr("SOURCES (%1)").arg(column.folders.sources.count)
+                    text: qsTr("DESTINATION")
+                    verticalAlignment: Text.AlignVCenter
+                    Layout.preferredHeight: 24
                     Layout.fillWidth: true
                 }
-                TextButton {
-                    text: qsTr("Clear all")
-                    visible: column.folders.sources.count > 0
-                    onClicked: column.folders.clearSources()
-                }
-            }
-            FolderDrop {
-                text: qsTr("Drop to add")
-                onAddressesDropped: addresses => column.folders.dropOnSources(addresses)
-                Layout.fillWidth: true
+                FolderDrop {
+                    text: qsTr("Drop to set")
+                    onAddressesDropped: addresses => column.folders.dropOnDestination(addresses)
+                    Layout.fillWidth: true
 
-                ColumnLayout {
-                    width: parent.width
-                    spacing: 4
+                    ColumnLayout {
+                        width: parent.width
+                        spacing: 4
 
-                    SourceRows {
-                        folders: column.folders
-                        Layout.fillWidth: true
-                    }
-                    AddFolderButton {
-                        text: qsTr("Add source folder")
-                        onClicked: column.folders.pickSources()
-                        Layout.fillWidth: true
-                    }
-                }
-            }
-            CapitalLabel {
-                text: qsTr("DESTINATION")
-                verticalAlignment: Text.AlignVCenter
-                Layout.topMargin: 8
-                Layout.preferredHeight: 24
-                Layout.fillWidth: true
-            }
-            FolderDrop {
-                text: qsTr("Drop to set")
-                onAddressesDropped: addresses => column.folders.dropOnDestination(addresses)
-                Layout.fillWidth: true
-
-                ColumnLayout {
-                    width: parent.width
-                    spacing: 4
-
-                    FolderRow {
-                        visible: column.folders.hasDestination
-                        pictograph: "📂"
-                        name: column.folders.destinationName
-                        shortPath: column.folders.destinationShortPath
-                        path: column.folders.destinationPath
-                        isMissing: column.folders.isDestinationMissing
-                        onRemoved: column.folders.clearDestination()
-                        Layout.fillWidth: true
-                    }
-                    AddFolderButton {
-                        text: column.folders.hasDestination ? qsTr("Change destination") : qsTr("Set destination folder")
-                        onClicked: column.folders.pickDestination()
-                        Layout.fillWidth: true
+                        FolderRow {
+                            visible: column.folders.hasDestination
+                            pictograph: "📂"
+                            name: column.folders.destinationName
+                            shortPath: column.folders.destinationShortPath
+                            path: column.folders.destinationPath
+                            isMissing: column.folders.isDestinationMissing
+                            onRemoved: column.folders.clearDestination()
+                            Layout.fillWidth: true
+                        }
+                        AddFolderButton {
+                            text: column.folders.hasDestination ? qsTr("Change destination") : qsTr("Set destination folder")
+                            onClicked: column.folders.pickDestination()
+                            Layout.fillWidth: true
+                        }
                     }
                 }
             }
@@ -100,6 +115,7 @@ Rectangle {
                 Layout.fillWidth: true
             }
             ConfigSummaryView {
+                id: config
                 sections: column.content.config
                 Layout.topMargin: 8
                 Layout.fillWidth: true

@@ -52,10 +52,12 @@ ApplicationWindow {
     }
 
     ContentView {
+        id: view
         anchors.fill: parent
         content: window.content
     }
     ContentSheets {
         content: window.content
+        tourAreas: view.tourAreas
     }
 }

@@ -21,6 +21,11 @@ Flow {
         onClicked: tools.content.rules.open()
     }
     ToolRowButton {
+        text: qsTr("SETUP WIZARD")
+        symbol: "wand.and.stars"
+        onClicked: tools.content.firstRun.openWizard()
+    }
+    ToolRowButton {
         text: qsTr("DATE CORRECTION")
         symbol: "clock.badge.checkmark"
         onClicked: tools.content.dates.open()

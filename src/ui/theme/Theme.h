@@ -52,6 +52,7 @@ class Theme : public QObject {
     Q_PROPERTY(QColor brightPanel MEMBER brightPanel CONSTANT)
     Q_PROPERTY(QColor brightEdge MEMBER brightEdge CONSTANT)
     Q_PROPERTY(QColor scrollTrack MEMBER scrollTrack CONSTANT)
+    Q_PROPERTY(QColor progressTrack MEMBER progressTrack CONSTANT)
     Q_PROPERTY(QColor popover MEMBER popover CONSTANT)
     Q_PROPERTY(QColor popoverText MEMBER popoverText CONSTANT)
     Q_PROPERTY(QColor errorBar MEMBER errorBar CONSTANT)
@@ -103,6 +104,7 @@ public:
     const QColor brightPanel = hex("1C1C1C");
     const QColor brightEdge = hex("323232");
     const QColor scrollTrack = hex("333333");
+    const QColor progressTrack = hex("1A1A1A");
     const QColor popover = hex("1A1A1A");
     const QColor popoverText = hex("E0E0DA");
     const QColor errorBar = hex("1A0808");

@@ -65,6 +65,7 @@ TEST(Theme, HasTheseColoursByTheseNames) {
         {"brightPanel", "1C1C1C"},
         {"brightEdge", "323232"},
         {"scrollTrack", "333333"},
+        {"progressTrack", "1A1A1A"},
         {"popover", "1A1A1A"},
         {"popoverText", "E0E0DA"},
         {"errorBar", "1A0808"},

@@ -18,4 +18,7 @@ struct WebAddresses {
 // An address as it is read out: the host alone, "exiftool.org". Empty for what is no address of the web.
 [[nodiscard]] QString siteName(const QString& address);
 
+// What a button says that opens it, "Open exiftool.org". Empty likewise, for no button.
+[[nodiscard]] QString openLabel(const QString& address);
+
 }  // namespace vellomar

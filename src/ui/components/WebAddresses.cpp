@@ -1,4 +1,4 @@
-#include "ui/help/WebAddresses.h"
+#include "ui/components/WebAddresses.h"
 
 #include <QUrl>
 
@@ -12,6 +12,11 @@ WebAddresses WebAddresses::configured() {
 QString siteName(const QString& address) {
     const QUrl url(address, QUrl::StrictMode);
     return url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http") ? url.host() : QString();
+}
+
+QString openLabel(const QString& address) {
+    const auto site = siteName(address);
+    return site.isEmpty() ? QString() : QStringLiteral("Open %1").arg(site);
 }
 
 }  // namespace vellomar

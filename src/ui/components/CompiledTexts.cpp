@@ -1,4 +1,4 @@
-#include "ui/help/CompiledTexts.h"
+#include "ui/components/CompiledTexts.h"
 
 #include <QFile>
 #include <QJsonDocument>

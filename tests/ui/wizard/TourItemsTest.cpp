@@ -1,0 +1,53 @@
+#include <fstream>
+#include <map>
+
+#include <gmock/gmock.h>
+
+#include "ui/QtPrinters.h"
+#include "ui/theme/Symbols.h"
+#include "ui/wizard/TourItems.h"
+
+namespace vellomar {
+namespace {
+
+// A stop begins with "title | icon | x | y | edge"; its description is what follows, behind two blanks.
+QStringList expectedStops() {
+    std::ifstream file(std::string(TEST_DATA) + "/tour.txt");
+    EXPECT_TRUE(file.is_open());
+    QStringList lines;
+    for (std::string line; std::getline(file, line);)
+        lines << QString::fromStdString(line);
+    return lines;
+}
+
+QString edgeName(CalloutEdge edge) {
+    static const std::map<CalloutEdge, QString> kNames = {
+        {CalloutEdge::leading, "leading"}, {CalloutEdge::top, "top"}, {CalloutEdge::trailing, "trailing"}};
+    return kNames.at(edge);
+}
+
+TEST(TourItems, AreTheStopsInTheirOrder) {
+    const auto items = tourItems();
+    ASSERT_EQ(items.size(), 6);
+    QStringList lines;
+    for (const auto& item : items) {
+        lines << QStringList{item.title, item.icon, QString::number(item.position.x()),
+                             QString::number(item.position.y()), edgeName(item.arrowEdge)}
+                     .join(" | ");
+        for (const auto& line : item.description.split('\n'))
+            lines << "  " + line;
+    }
+    EXPECT_EQ(lines, expectedStops());
+}
+
+TEST(TourItems, HaveSymbolsThatThereAreAndAnAreaEach) {
+    QStringList areas;
+    for (const auto& item : tourItems()) {
+        EXPECT_NE(iconOf(item.icon), "") << item.icon.toStdString();
+        areas << item.area;
+    }
+    EXPECT_EQ(areas, QStringList({"sources", "destination", "config", "actions", "dashboard", "tools"}));
+}
+
+}  // namespace
+}  // namespace vellomar
