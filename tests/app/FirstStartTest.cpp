@@ -171,6 +171,26 @@ TEST_F(FirstStartTest, ALongListScrollsAndIsClearedAtOnce) {
     EXPECT_TRUE(window().shows("SOURCES (20)")) << "they stay sources";
 }
 
+TEST_F(FirstStartTest, FoldersCanBeDroppedOnTheScreensThatAskForThem) {
+    const auto drop = [&](const std::string& words, const std::string& folder) {
+        for (const QQuickItem* const area : window().itemsNamed("folderDrop"))
+            if (area->isVisible() && window().itemNamed("wizardScreen").isAncestorOf(area)) {
+                const QList<QUrl> urls{QUrl::fromLocalFile(QString::fromStdString(folder))};
+                window().dragOver(*area, urls);
+                EXPECT_TRUE(window().shows(QString::fromStdString(words)));
+                window().dropOn(*area, urls);
+            }
+    };
+    user.startAsFound();
+    goTo(1);
+    drop("Drop to add", library.makeFolder("in"));
+    ASSERT_TRUE(spinUntil([&] { return window().shows("Sources (1)"); }));
+    goTo(2);
+    drop("Drop to set", library.makeFolder("out"));
+    ASSERT_TRUE(spinUntil([&] { return user.canPress("CHANGE"); }));
+    EXPECT_EQ(user.app().settings().text(keys::kDestPath), library / "out");
+}
+
 TEST_F(FirstStartTest, AFileInPlaceOfAFolderIsRefusedInTheWizard) {
     user.startAsFound();
     goTo(1);

@@ -1,7 +1,4 @@
 // From the first start to a run that is taken back, by the names of what is shown.
-#include <QCoreApplication>
-#include <QDragEnterEvent>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <algorithm>
@@ -251,19 +248,14 @@ TEST_F(WholeRoadTest, FoldersCanBeDroppedOnTheLists) {
     user.start();
     const auto areas = user.window().itemsNamed("folderDrop");
     ASSERT_EQ(areas.size(), 2U);
-    const auto drop = [&](const QQuickItem& area, const std::string& folder) {
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(folder))});
-        const auto place = testing::placeOf(area).center();
-        QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(user.app().window(), &enter);
-        EXPECT_TRUE(user.window().shows(&area == areas.front() ? "Drop to add" : "Drop to set"));
-        QDropEvent dropped(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(user.app().window(), &dropped);
-    };
-    drop(*areas.front(), library / "in");
+    const auto urlOf = [](const std::string& folder) { return QUrl::fromLocalFile(QString::fromStdString(folder)); };
+    user.window().dragOver(*areas.front(), {urlOf(library / "in")});
+    EXPECT_TRUE(user.window().shows("Drop to add"));
+    user.window().dropOn(*areas.front(), {urlOf(library / "in")});
     ASSERT_TRUE(spinUntil([&] { return user.window().shows("SOURCES (1)"); }));
-    drop(*areas.back(), library / "out");
+    user.window().dragOver(*areas.back(), {urlOf(library / "out")});
+    EXPECT_TRUE(user.window().shows("Drop to set"));
+    user.window().dropOn(*areas.back(), {urlOf(library / "out")});
     ASSERT_TRUE(spinUntil([&] { return user.canPress("Change destination"); }));
     EXPECT_TRUE(user.canPress("Sort Photos"));
 }

@@ -1,6 +1,8 @@
 #include "ui/WindowDriver.h"
 
 #include <QCoreApplication>
+#include <QDragEnterEvent>
+#include <QMimeData>
 #include <QTest>
 #include <functional>
 #include <stdexcept>
@@ -90,6 +92,20 @@ void WindowDriver::click(QQuickItem& item) {
 void WindowDriver::clickAt(QPointF place) {
     QTest::mouseClick(&window_, Qt::LeftButton, {}, place.toPoint());
     settle();
+}
+
+void WindowDriver::dragOver(const QQuickItem& item, const QList<QUrl>& addresses) {
+    QMimeData data;
+    data.setUrls(addresses);
+    QDragEnterEvent enter(placeOf(item).center().toPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window_, &enter);
+}
+
+void WindowDriver::dropOn(const QQuickItem& item, const QList<QUrl>& addresses) {
+    QMimeData data;
+    data.setUrls(addresses);
+    QDropEvent dropped(placeOf(item).center(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&window_, &dropped);
 }
 
 void WindowDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QAccessible>
+#include <QList>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QUrl>
 #include <string>
 #include <vector>
 
@@ -35,6 +37,10 @@ public:
 
     void click(QQuickItem& item);
     void clickAt(QPointF place);
+    // Drags what has these addresses over an item, and then lets it fall there.
+    void dragOver(const QQuickItem& item, const QList<QUrl>& addresses);
+    void dropOn(const QQuickItem& item, const QList<QUrl>& addresses);
+
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
     // Lets what is due happen and the layout settle.

@@ -96,6 +96,17 @@ TEST_F(ContentViewModelTest, TheSourceOfAnEarlierVersionIsTakenOver) {
     EXPECT_TRUE(content->run()->canRun());
 }
 
+TEST_F(ContentViewModelTest, TheWizardIsOpenAtAFirstStartAlone) {
+    setFolders();
+    makeContent();
+    auto& wizard = *content->firstRun()->wizard();
+    EXPECT_TRUE(wizard.isOpen());
+    EXPECT_EQ(wizard.wizardSourcePath(), library / "in") << "the lists are read before it";
+    wizard.skipSetup();
+    makeContent();
+    EXPECT_FALSE(content->firstRun()->wizard()->isOpen());
+}
+
 TEST_F(ContentViewModelTest, AMissingExifToolIsNoticed) {
     makeContent();
     EXPECT_FALSE(content->lacksExifTool()) << "nobody has looked yet";
