@@ -1,6 +1,7 @@
 // The road of a first start: each of its states, and whether the tour points at what it speaks of.
 #include <QLineF>
 #include <algorithm>
+#include <filesystem>
 
 #include <gtest/gtest.h>
 
@@ -94,6 +95,20 @@ TEST_P(FirstStartLayoutTest, OfTheWholeRoad) {
     look("tour-over");
     ASSERT_TRUE(spinUntil([&] { return window().itemNamed("wizardReminder").property("presence") == 1.0; }));
     look("reminder");
+}
+
+TEST_P(FirstStartLayoutTest, OfLongNamesAndFoldersThatAreGone) {
+    keepSources({library / "gone"});
+    user.startAsFound();
+    std::filesystem::remove(library / "out");
+    user.press("Next →");
+    user.chooser().answerNext({library.makeFolder(std::string(255, 'n')), library.makeFolder("not \xff utf8")});
+    user.press("ADD");
+    ASSERT_TRUE(spinUntil([&] { return window().shows("Sources (3)"); }));
+    ASSERT_TRUE(spinUntil([&] { return window().itemNamed("wizardMark").isVisible(); }));
+    lookAtScreen("wizard-2-odd");
+    user.press("Next →");
+    lookAtScreen("wizard-3-gone");
 }
 
 TEST_P(FirstStartLayoutTest, OfATourWithNoFoldersAndWithMany) {

@@ -39,6 +39,7 @@ public:
 
     // Which of the folders are not to be found at present.
     void setMissing(std::set<std::string> paths);
+    [[nodiscard]] const std::set<std::string>& missing() const { return missing_; }
 
 signals:
     void countChanged();

@@ -7,8 +7,8 @@ Rectangle {
 
     required property string name
     required property string path
+    required property bool isMissing
     property bool isChecked: false
-    property bool isMissing: false
 
     signal removed
 
@@ -22,18 +22,18 @@ Rectangle {
     Accessible.name: isMissing ? qsTr("%1, not found").arg(path) : path
 
     Symbol {
-        id: check
-        objectName: "wizardCheck"
+        id: mark
+        objectName: "wizardMark"
         anchors.verticalCenter: parent.verticalCenter
         x: 10
         name: root.isMissing ? "exclamationmark.triangle.fill" : "checkmark.circle.fill"
         colour: root.isMissing ? Theme.alertRed : Theme.success
         size: 14
-        visible: root.isChecked
+        visible: root.isChecked || root.isMissing
     }
     Column {
         anchors.verticalCenter: parent.verticalCenter
-        x: check.visible ? 34 : 12
+        x: mark.visible ? 34 : 12
         width: Math.max(0, removeButton.x - x - 8)
         spacing: 2
 

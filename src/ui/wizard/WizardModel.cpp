@@ -13,7 +13,10 @@ WizardModel::WizardModel(const Surroundings& surroundings, WebAddresses addresse
       screens_(wizardScreens(addresses_)) {
     connect(this, &WizardModel::stepChanged, this, &WizardModel::choiceChanged);
     connect(&wizardSources_, &WizardSources::countChanged, this, &WizardModel::choiceChanged);
-    connect(&surroundings_.folders, &Folders::changed, this, &WizardModel::choiceChanged);
+    connect(&surroundings_.folders, &Folders::changed, this, [this] {
+        wizardSources_.setMissing(surroundings_.folders.sources()->missing());
+        emit choiceChanged();
+    });
 }
 
 void WizardModel::open() {

@@ -17,12 +17,13 @@ QVariant WizardSources::data(const QModelIndex& index, int role) const {
     switch (role) {
         case nameRole: return folderName(path);
         case pathRole: return displayText(path);
+        case isMissingRole: return missing_.contains(path);
         default: return {};
     }
 }
 
 QHash<int, QByteArray> WizardSources::roleNames() const {
-    return {{nameRole, "name"}, {pathRole, "path"}};
+    return {{nameRole, "name"}, {pathRole, "path"}, {isMissingRole, "isMissing"}};
 }
 
 void WizardSources::setPaths(std::vector<std::string> paths) {
@@ -46,6 +47,12 @@ void WizardSources::removeAt(int row) {
     paths_.erase(paths_.begin() + row);
     endRemoveRows();
     emit countChanged();
+}
+
+void WizardSources::setMissing(std::set<std::string> paths) {
+    if (paths == missing_) return;
+    missing_ = std::move(paths);
+    if (count() > 0) emit dataChanged(index(0), index(count() - 1), {isMissingRole});
 }
 
 }  // namespace vellomar

@@ -2,6 +2,7 @@
 
 #include <QAbstractListModel>
 #include <QString>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,7 +19,7 @@ class WizardSources : public QAbstractListModel {
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
-    enum Role { nameRole = Qt::UserRole + 1, pathRole };
+    enum Role { nameRole = Qt::UserRole + 1, pathRole, isMissingRole };
 
     using QAbstractListModel::QAbstractListModel;
 
@@ -37,11 +38,15 @@ public:
     void add(const std::string& path);
     Q_INVOKABLE void removeAt(int row);
 
+    // Which of the folders are not to be found at present.
+    void setMissing(std::set<std::string> paths);
+
 signals:
     void countChanged();
 
 private:
     std::vector<std::string> paths_;
+    std::set<std::string> missing_;
 };
 
 }  // namespace vellomar

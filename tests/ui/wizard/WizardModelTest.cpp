@@ -163,6 +163,14 @@ TEST_F(WizardModelTest, WhatIsTakenOutOfTheListStaysASource) {
     EXPECT_EQ(folders.sources()->count(), 3);
 }
 
+TEST_F(WizardModelTest, AFolderThatIsGoneIsMarked) {
+    folders.addSource("/nowhere/at/all");
+    wizard.open();
+    folders.look();
+    ASSERT_TRUE(
+        spinUntil([&] { return wizard.wizardSources()->index(0).data(WizardSources::isMissingRole).toBool(); }));
+}
+
 TEST_F(WizardModelTest, FoldersCanBeDropped) {
     wizard.open();
     const auto name = disk.makeFolder("not \xff utf8");

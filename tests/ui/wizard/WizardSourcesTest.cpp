@@ -21,6 +21,9 @@ TEST(WizardSources, TellOfEachChange) {
     sources.setPaths({"/b", "/c"});
     EXPECT_EQ(counts.count(), 4);
     EXPECT_EQ(sources.firstPath(), "/b");
+    sources.setMissing({"/c", "/elsewhere"});
+    EXPECT_FALSE(sources.index(0).data(WizardSources::isMissingRole).toBool());
+    EXPECT_TRUE(sources.index(1).data(WizardSources::isMissingRole).toBool());
     EXPECT_EQ(sources.index(1).data(WizardSources::nameRole), "c");
     sources.setPaths({});
     EXPECT_EQ(sources.firstPath(), "");
