@@ -131,11 +131,15 @@ TEST_P(FirstStartLayoutTest, OfTheTourInAWindowThatChanges) {
     auto& tour = *user.app().content().firstRun()->tour();
     for (const auto& item : tourItems()) {
         SCOPED_TRACE(item.title.toStdString());
-        user.app().window()->resize(GetParam().width + 200, GetParam().height + 100);
-        window().drawFrames(3);
-        user.app().window()->resize(GetParam().width, GetParam().height);
-        window().drawFrames(3);
+        window().drawFrames(2);
+        const auto spot = placeOf(window().itemNamed("tourSpot"));
+        for (const QSize size :
+             {QSize(GetParam().width + 540, GetParam().height + 300), QSize(GetParam().width, GetParam().height)}) {
+            user.app().window()->resize(size);
+            window().drawFrames(4);
+        }
         expectToPoint(item.arrowEdge);
+        EXPECT_EQ(placeOf(window().itemNamed("tourSpot")), spot);
         tour.goForward();
     }
 }

@@ -12,6 +12,7 @@ ModalPopup {
 
     property ScrollArea scrolled: null
     property real scrolledFrom: 0
+    property bool isResized: false
     property rect areaPlace: Qt.rect(0, 0, 0, 0)
     property rect sight: Qt.rect(0, 0, 0, 0)
     readonly property var place: tour.placeIn(Qt.size(width, height), areaPlace, sight,
@@ -26,6 +27,8 @@ ModalPopup {
         show();
     }
     onClosed: scrollBack()
+    onWidthChanged: isResized = true
+    onHeightChanged: isResized = true
 
     // The area in which it scrolls; null for one that does not.
     function scrollAreaAround(item: Item): ScrollArea {
@@ -44,7 +47,9 @@ ModalPopup {
         scrolled = null;
     }
 
+    // Needs the window to be laid out.
     function show() {
+        isResized = false;
         scrollBack();
         scrolled = scrollAreaAround(area);
         if (scrolled) {
@@ -82,8 +87,12 @@ ModalPopup {
     Connections {
         target: root.visible ? root.parent.Window.window : null
 
+        // Everything is laid out by now.
         function onAfterAnimating() {
-            root.follow();
+            if (root.isResized)
+                root.show();
+            else
+                root.follow();
         }
     }
 
