@@ -60,6 +60,7 @@ public:
                 .mounts = mounts_,
                 .watchTimes = {},
                 .makeFileChooser = [](QQmlEngine&, FileSystem&) { return std::make_unique<NoFileChooser>(); }}) {
+        app_.settings().setValue("has_completed_wizard", true);
         app_.settings().setValue("last_sourcePath", source);
         app_.settings().setValue("last_destPath", dest);
     }

@@ -86,10 +86,10 @@ QPointF outOf(QPointF base, CalloutEdge edge) {
 CalloutPlace calloutPlace(const TourItem& item, QSizeF window, const QRectF& area, const QRectF& sight, QSizeF box) {
     const auto position = positionIn(window, item);
     const auto spot = spotOf(area, sight, position);
-    const auto corner = cornerOf(position, item.arrowEdge, tipAt(position, item.arrowEdge, spot), box);
-    const QRectF place(inWindow(corner, window, box), box);
+    const auto tip = tipAt(position, item.arrowEdge, spot);
+    const QRectF place(inWindow(cornerOf(position, item.arrowEdge, tip, box), window, box), box);
     // What the window's edge has pushed aside takes its arrow along.
-    const auto base = baseOn(place, item.arrowEdge, tipAt(position, item.arrowEdge, spot));
+    const auto base = baseOn(place, item.arrowEdge, tip);
     return {spot, place, outOf(base, item.arrowEdge), base};
 }
 
