@@ -1,12 +1,11 @@
-// The first start, as a new user goes through it.
+// The wizard of a first start, as a new user goes through it.
 #include <algorithm>
 #include <string_view>
 
 #include <gmock/gmock.h>
 
-#include "app/RunningApp.h"
+#include "app/FirstStart.h"
 #include "settings/SettingsKeys.h"
-#include "ui/QtPrinters.h"
 #include "ui/desktop/SpinUntil.h"
 
 namespace vellomar {
@@ -15,40 +14,7 @@ namespace {
 using testing::colourOf;
 using testing::spinUntil;
 
-class FirstStartTest : public ::testing::Test {
-protected:
-    [[nodiscard]] testing::WindowDriver& window() { return user.window(); }
-    [[nodiscard]] WizardModel& wizard() { return *user.app().content().firstRun()->wizard(); }
-    [[nodiscard]] TourModel& tour() { return *user.app().content().firstRun()->tour(); }
-
-    // By the keyboard, as far as it takes.
-    void tabTo(const QString& name) {
-        for (int i = 0; i < 30 && window().focusedName() != name; ++i)
-            window().press(Qt::Key_Tab);
-        ASSERT_EQ(window().focusedName(), name);
-    }
-
-    void goTo(int step) {
-        while (wizard().step() < step)
-            wizard().goForward();
-        window().settle();
-    }
-
-    // How what has the keyboard's focus is described to a screen reader.
-    [[nodiscard]] QString focusedDescription() {
-        auto* const interface = QAccessible::queryAccessibleInterface(user.app().window()->activeFocusItem());
-        return interface == nullptr ? QString() : interface->text(QAccessible::Description);
-    }
-
-    // What a dialog of that name is described as; nothing if there is none.
-    [[nodiscard]] QString dialogDescription(const QString& name) {
-        auto* const interface = window().accessible(QAccessible::Dialog, name);
-        return interface == nullptr ? QString() : interface->text(QAccessible::Description);
-    }
-
-    testing::RunningApp user;
-    const testing::TemporaryFolder& library = user.library();
-};
+class FirstStartTest : public testing::FirstStart {};
 
 TEST_F(FirstStartTest, TheKeyboardAloneLeadsToFoldersAndTheTour) {
     library.makeFolder("in");
@@ -145,6 +111,11 @@ TEST_F(FirstStartTest, TheDestinationCanBeTakenAway) {
     ASSERT_TRUE(spinUntil([&] { return user.canPress("CHANGE"); }));
     auto& remove = *window().itemsNamed("wizardRemove").back();
     EXPECT_EQ(remove.property("symbol"), "xmark");
+    const auto& row = *remove.parentItem();
+    EXPECT_EQ(colourOf(*row.findChild<QQuickItem*>("wizardFolderPath")), QColor("#909088"));
+    const auto& mark = *row.findChild<QQuickItem*>("wizardMark");
+    EXPECT_EQ(mark.property("name"), "checkmark.circle.fill");
+    EXPECT_EQ(mark.property("colour").value<QColor>(), QColor("#3d8b5e"));
     window().click(remove);
     EXPECT_TRUE(user.canPress("ADD"));
     EXPECT_TRUE(user.canPress("Skip →"));
@@ -207,6 +178,9 @@ TEST_F(FirstStartTest, AFileInPlaceOfAFolderIsRefusedInTheWizard) {
 
 TEST_F(FirstStartTest, TheScreensHaveTheirColours) {
     user.startAsFound();
+    EXPECT_TRUE(std::ranges::any_of(window().itemsNamed("sheet"), [](const QQuickItem* sheet) {
+        return sheet->isVisible() && sheet->width() == 620;
+    }));
     EXPECT_EQ(window().itemNamed("wizardTrack").height(), 3);
     EXPECT_EQ(colourOf(window().itemNamed("wizardTrack")), QColor("#1a1a1a"));
     EXPECT_EQ(colourOf(window().itemNamed("wizardFill")), QColor("#f5c518"));
@@ -217,9 +191,14 @@ TEST_F(FirstStartTest, TheScreensHaveTheirColours) {
     EXPECT_EQ(colourOf(window().itemNamed("wizardTitle")), QColor("#e8e8e0"));
     EXPECT_EQ(colourOf(window().itemNamed("wizardSubtitle")), QColor("#909088"));
     EXPECT_EQ(colourOf(window().itemNamed("wizardNote")), QColor("#707068"));
+    EXPECT_EQ(labelColour("Skip Setup"), QColor("#555550"));
+    EXPECT_EQ(labelColour("Next →"), QColor("#0a0a0a"));
+    EXPECT_EQ(window().itemNamed("wizardCardIcon").property("colour").value<QColor>(), QColor("#f5c518"));
+    EXPECT_EQ(colourOf(window().itemNamed("sheetBackground")), QColor("#0a0a0a"));
     const auto& card = window().itemNamed("wizardCard");
     EXPECT_EQ(card.property("border").value<QObject*>()->property("color").value<QColor>(), QColor("#1e1e1e"));
     goTo(3);
+    EXPECT_EQ(labelColour("← Back"), QColor("#707068"));
     EXPECT_EQ(colourOf(window().itemNamed("bulletDot")), QColor("#f5c518"));
     EXPECT_EQ(colourOf(window().itemNamed("bulletText")), QColor("#b0b0a8"));
 }
@@ -258,134 +237,6 @@ TEST_F(FirstStartTest, AScreenReaderHearsEachScreenAndEachStop) {
     EXPECT_EQ(dialogDescription("Destination"),
               "Where sorted photos go.\nVellomar creates Year/Month folders automatically.");
     EXPECT_TRUE(focusedDescription().startsWith("Destination. "));
-}
-
-TEST_F(FirstStartTest, TheTourFollowsItsKeys) {
-    user.startAsFound();
-    user.press("Skip Setup");
-    EXPECT_FALSE(user.canPress("← Back"));
-    window().press(Qt::Key_Left);
-    EXPECT_TRUE(user.isOpen("Sources"));
-    for (const char* const title : {"Destination", "Config", "DRY RUN & RUN", "Dashboard", "Log & Options"}) {
-        window().press(Qt::Key_Right);
-        EXPECT_TRUE(user.isOpen(title)) << title;
-    }
-    EXPECT_TRUE(user.canPress("Got it!"));
-    window().press(Qt::Key_Left);
-    EXPECT_TRUE(user.isOpen("Dashboard"));
-    user.press("← Back");
-    EXPECT_TRUE(user.isOpen("DRY RUN & RUN"));
-    window().press(Qt::Key_Escape);
-    EXPECT_FALSE(tour().isOpen());
-    EXPECT_TRUE(user.canPress("Add source folder"));
-}
-
-TEST_F(FirstStartTest, TheTourIsLeftByItsButtonsAndAClickBesideIt) {
-    user.startAsFound();
-    user.press("Skip Setup");
-    user.press("Skip Tour");
-    EXPECT_FALSE(tour().isOpen());
-
-    tour().open();
-    tour().setStep(5);
-    user.press("Got it!");
-    EXPECT_FALSE(tour().isOpen());
-
-    tour().open();
-    window().settle();
-    window().click(window().itemNamed("tourTitle"));
-    EXPECT_TRUE(tour().isOpen()) << "the callout is not the scrim";
-    window().clickAt({850, 100});
-    EXPECT_FALSE(tour().isOpen());
-}
-
-TEST_F(FirstStartTest, BackGoesWithTheFirstScreenAndLeavesTheFocusInside) {
-    user.startAsFound();
-    EXPECT_FALSE(user.canPress("← Back"));
-    window().press(Qt::Key_Return);
-    tabTo("← Back");
-    window().press(Qt::Key_Return);
-    EXPECT_TRUE(wizard().isWelcome());
-    EXPECT_EQ(window().focusedName(), "Next →");
-    window().press(Qt::Key_Escape);
-    window().press(Qt::Key_Right);
-    tabTo("← Back");
-    window().press(Qt::Key_Return);
-    EXPECT_EQ(tour().step(), 0);
-    EXPECT_EQ(window().focusedName(), "Next →");
-}
-
-TEST_F(FirstStartTest, TheTourHasItsColours) {
-    user.startAsFound();
-    user.press("Skip Setup");
-    const auto& box = window().itemNamed("tourBox");
-    EXPECT_EQ(window().itemNamed("tourCallout").width(), 300);
-    EXPECT_EQ(colourOf(box), QColor("#111111"));
-    EXPECT_EQ(box.property("border").value<QObject*>()->property("color").value<QColor>(), QColor("#f5c518"));
-    EXPECT_EQ(colourOf(window().itemNamed("tourTitle")), QColor("#e8e8e0"));
-    EXPECT_EQ(window().itemNamed("tourIcon").property("colour").value<QColor>(), QColor("#e8e8e0"));
-    EXPECT_EQ(colourOf(window().itemNamed("tourDescription")), QColor("#b0b0a8"));
-    EXPECT_EQ(colourOf(window().itemNamed("tourPosition")), QColor("#555550"));
-    const auto& forward = window().itemNamed("tourForward");
-    EXPECT_EQ(forward.property("colour").value<QColor>(), QColor("#0a0a0a"));
-    EXPECT_EQ(forward.property("fill").value<QColor>(), QColor("#f5c518"));
-}
-
-TEST_F(FirstStartTest, TheTourLeavesTheWindowAsItWas) {
-    user.startAsFound();
-    user.press("Skip Setup");
-    window().press(Qt::Key_Right);
-    window().press(Qt::Key_Right);
-    window().press(Qt::Key_Right);
-    const auto isScrolled = [&] {
-        return std::ranges::any_of(window().itemsNamed("flickable"),
-                                   [](const QQuickItem* area) { return area->property("contentY").toReal() > 0; });
-    };
-    EXPECT_TRUE(isScrolled()) << "or there is nothing to put back";
-    window().press(Qt::Key_Escape);
-    EXPECT_FALSE(isScrolled());
-}
-
-TEST_F(FirstStartTest, NothingBelowTheTourIsInReach) {
-    user.startAsFound();
-    user.app().content().folders()->addSource(library.makeFolder("in"));
-    user.app().content().folders()->setDestination({library.makeFolder("out")});
-    ASSERT_TRUE(spinUntil([&] { return user.app().content().run()->canRun(); }));
-    user.press("Skip Setup");
-    window().press(Qt::Key_R, Qt::ControlModifier);
-    EXPECT_FALSE(user.isOpen("NORMAL RUN"));
-    window().press(Qt::Key_F1);
-    EXPECT_FALSE(user.isOpen("VELLOMAR HELP"));
-    for (int i = 0; i < 8; ++i) {
-        window().press(Qt::Key_Tab);
-        EXPECT_THAT(window().focusedName(), ::testing::AnyOf(QString("Next →"), QString("Skip Tour")));
-    }
-}
-
-TEST_F(FirstStartTest, ACardWaitsForTheWizardAndTheTour) {
-    library.makeFolder("EOS_DIGITAL/DCIM");
-    user.startAsFound();
-    user.mounts().mount(library / "EOS_DIGITAL");
-    ASSERT_TRUE(spinUntil([&] { return user.app().content().cards()->isOpen(); }));
-    EXPECT_FALSE(user.isOpen("CAMERA CARD DETECTED"));
-    user.press("Skip Setup");
-    EXPECT_TRUE(user.isOpen("Sources"));
-    EXPECT_FALSE(user.isOpen("CAMERA CARD DETECTED"));
-    window().press(Qt::Key_Escape);
-    EXPECT_TRUE(user.isOpen("CAMERA CARD DETECTED"));
-}
-
-TEST_F(FirstStartTest, TheReminderTellsWhereTheWizardIsUntilItIsClicked) {
-    user.startAsFound();
-    user.press("Skip Setup");
-    window().press(Qt::Key_Escape);
-    EXPECT_FALSE(window().shows("SETUP WIZARD AVAILABLE"));
-    ASSERT_TRUE(spinUntil([&] { return window().shows("SETUP WIZARD AVAILABLE"); }));
-    EXPECT_TRUE(
-        window().shows("You can re-run the wizard anytime using the SETUP WIZARD button in the toolbar above."));
-    EXPECT_TRUE(user.app().settings().boolean(keys::kHasSeenWizardReminder));
-    user.press("SETUP WIZARD AVAILABLE");
-    ASSERT_TRUE(spinUntil([&] { return !window().shows("SETUP WIZARD AVAILABLE"); }));
 }
 
 }  // namespace
