@@ -27,7 +27,7 @@ QString TourModel::positionText() const {
 }
 
 QString TourModel::spokenText() const {
-    return QStringList{title(), description(), positionText()}.join(QStringLiteral(". "));
+    return QStringList{title(), description(), positionText()}.join(u'\n');
 }
 
 void TourModel::goForward() {

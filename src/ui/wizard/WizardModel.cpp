@@ -40,7 +40,7 @@ QString WizardModel::positionText() const {
 QString WizardModel::spokenText() const {
     QStringList words{stepText(), title(), subtitle()};
     words.removeAll(QString());
-    return words.join(QStringLiteral(". "));
+    return words.join(u'\n');
 }
 
 QString WizardModel::boxTitle() const {
