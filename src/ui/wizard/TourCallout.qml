@@ -106,16 +106,11 @@ FocusScope {
                 anchors.right: parent.right
                 spacing: 8
 
-                TextButton {
+                BackButton {
                     anchors.verticalCenter: parent.verticalCenter
-                    text: qsTr("← Back")
                     visible: root.tour.canGoBack
+                    refuge: forward
                     onClicked: root.tour.goBack()
-                    // With the first stop it goes.
-                    onVisibleChanged: {
-                        if (!visible && activeFocus)
-                            forward.forceActiveFocus(Qt.OtherFocusReason);
-                    }
                 }
                 PrimaryButton {
                     id: forward

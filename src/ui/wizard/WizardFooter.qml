@@ -19,15 +19,10 @@ Item {
             colour: hovered ? Theme.text : Theme.dimmerTertiaryText
             onClicked: root.model.skipSetup()
         }
-        TextButton {
-            text: qsTr("← Back")
+        BackButton {
             visible: root.model.canGoBack
+            refuge: forward
             onClicked: root.model.goBack()
-            // With the first screen it goes.
-            onVisibleChanged: {
-                if (!visible && activeFocus)
-                    forward.forceActiveFocus(Qt.OtherFocusReason);
-            }
         }
     }
     BodyText {
