@@ -52,6 +52,7 @@ Column {
         Accessible.name: text
         onClicked: strip.model.openMakerSite()
         Keys.onReturnPressed: strip.model.openMakerSite()
+        Keys.onEnterPressed: strip.model.openMakerSite()
 
         contentItem: BodyText {
             text: site.text
