@@ -1,8 +1,7 @@
-#include <fstream>
-
 #include <gmock/gmock.h>
 
 #include "ui/QtPrinters.h"
+#include "ui/TextTable.h"
 #include "ui/help/Changelog.h"
 
 namespace vellomar {
@@ -10,12 +9,7 @@ namespace {
 
 // A group of changes begins with "version | date | category"; its items follow, each behind two blanks.
 QStringList expectedLines() {
-    std::ifstream file(std::string(TEST_DATA) + "/releases.txt");
-    EXPECT_TRUE(file.is_open());
-    QStringList lines;
-    for (std::string line; std::getline(file, line);)
-        lines << QString::fromStdString(line);
-    return lines;
+    return testing::linesOfTable("releases.txt");
 }
 
 QStringList linesOf(const QModelIndex& release) {

@@ -1,8 +1,7 @@
-#include <fstream>
-
 #include <gmock/gmock.h>
 
 #include "ui/QtPrinters.h"
+#include "ui/TextTable.h"
 #include "ui/help/HelpTopics.h"
 #include "ui/theme/Symbols.h"
 
@@ -17,11 +16,8 @@ struct ExpectedTopic {
 
 // A topic begins with "=== icon | title"; its content is what follows.
 QList<ExpectedTopic> expectedTopics() {
-    std::ifstream file(std::string(TEST_DATA) + "/help-topics.txt");
-    EXPECT_TRUE(file.is_open());
     QList<ExpectedTopic> topics;
-    for (std::string line; std::getline(file, line);) {
-        const auto text = QString::fromStdString(line);
+    for (const auto& text : testing::linesOfTable("help-topics.txt")) {
         if (text.startsWith("=== ")) {
             topics << ExpectedTopic{text.mid(4).section(" | ", 0, 0), text.section(" | ", 1), {}};
             continue;

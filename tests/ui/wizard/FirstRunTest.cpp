@@ -3,12 +3,10 @@
 
 #include <gmock/gmock.h>
 
-#include "settings/SettingsFile.h"
 #include "settings/SettingsKeys.h"
 #include "ui/QtPrinters.h"
-#include "ui/ScriptedFileChooser.h"
-#include "ui/desktop/RecordingDesktop.h"
 #include "ui/wizard/FirstRun.h"
+#include "ui/wizard/WizardSurroundings.h"
 
 namespace vellomar {
 namespace {
@@ -37,18 +35,10 @@ private:
     std::vector<std::pair<milliseconds, std::function<void()>>> timers_;
 };
 
-class FirstRunTest : public ::testing::Test {
+class FirstRunTest : public ::testing::Test, protected testing::WizardSurroundings {
 protected:
-    LinuxFileSystem fileSystem;
-    testing::SettingsFile file;
-    std::unique_ptr<SettingsStore> settings = file.open();
-    testing::ScriptedFileChooser chooser;
-    testing::RecordingLinks links;
-    BackgroundWork background;
-    Folders folders{{*settings, fileSystem, chooser, background}};
     ScriptedTimers timers;
-    std::unique_ptr<FirstRun> firstRun =
-        std::make_unique<FirstRun>(*settings, timers, WizardModel::Surroundings{folders, chooser, links});
+    std::unique_ptr<FirstRun> firstRun = std::make_unique<FirstRun>(*settings, timers, forModel());
 };
 
 TEST_F(FirstRunTest, TheWizardIsOfferedUntilItWasCompletedOnce) {
@@ -99,7 +89,7 @@ TEST_F(FirstRunTest, TheReminderComesOnceForGood) {
     firstRun->wizard()->skipSetup();
     EXPECT_EQ(timers.count(), before);
 
-    firstRun = std::make_unique<FirstRun>(*settings, timers, WizardModel::Surroundings{folders, chooser, links});
+    firstRun = std::make_unique<FirstRun>(*settings, timers, forModel());
     firstRun->wizard()->skipSetup();
     timers.pass(milliseconds(2000));
     EXPECT_FALSE(firstRun->isReminderShown());

@@ -1,9 +1,9 @@
-#include <fstream>
 #include <map>
 
 #include <gmock/gmock.h>
 
 #include "ui/QtPrinters.h"
+#include "ui/TextTable.h"
 #include "ui/theme/Symbols.h"
 #include "ui/wizard/TourItems.h"
 
@@ -12,12 +12,7 @@ namespace {
 
 // A stop begins with "title | icon | x | y | edge"; its description is what follows, behind two blanks.
 QStringList expectedStops() {
-    std::ifstream file(std::string(TEST_DATA) + "/tour.txt");
-    EXPECT_TRUE(file.is_open());
-    QStringList lines;
-    for (std::string line; std::getline(file, line);)
-        lines << QString::fromStdString(line);
-    return lines;
+    return testing::linesOfTable("tour.txt");
 }
 
 QString edgeName(CalloutEdge edge) {

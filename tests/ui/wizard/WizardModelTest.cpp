@@ -2,14 +2,11 @@
 
 #include <gmock/gmock.h>
 
-#include "settings/SettingsFile.h"
 #include "settings/SettingsKeys.h"
 #include "ui/QtPrinters.h"
-#include "ui/ScriptedFileChooser.h"
 #include "ui/desktop/FileUri.h"
-#include "ui/desktop/RecordingDesktop.h"
 #include "ui/desktop/SpinUntil.h"
-#include "ui/wizard/WizardModel.h"
+#include "ui/wizard/WizardSurroundings.h"
 
 namespace vellomar {
 namespace {
@@ -21,7 +18,7 @@ using testing::spinUntil;
 constexpr int kSourcesStep = 1;
 constexpr int kDestinationStep = 2;
 
-class WizardModelTest : public ::testing::Test {
+class WizardModelTest : public ::testing::Test, protected testing::WizardSurroundings {
 protected:
     WizardModelTest() { folders.load(); }
 
@@ -45,14 +42,7 @@ protected:
     }
 
     testing::TemporaryFolder disk{testing::TemporaryFolder::Where::inMemory};
-    LinuxFileSystem fileSystem;
-    testing::SettingsFile file;
-    std::unique_ptr<SettingsStore> settings = file.open();
-    testing::ScriptedFileChooser chooser;
-    testing::RecordingLinks links;
-    BackgroundWork background;
-    Folders folders{{*settings, fileSystem, chooser, background}};
-    WizardModel wizard{{folders, chooser, links}, {"", "", "https://exiftool.org"}};
+    WizardModel wizard{forModel(), {"", "", "https://exiftool.org"}};
 };
 
 TEST_F(WizardModelTest, GoesForwardAndBackThroughItsScreens) {
@@ -222,7 +212,7 @@ TEST_F(WizardModelTest, CopyOrMoveWritesNoSetting) {
 TEST_F(WizardModelTest, TheSiteIsOpenedWhereThereIsOne) {
     wizard.openExifToolSite();
     EXPECT_THAT(links.asked, ElementsAre(std::vector<std::string>{"https://exiftool.org"}));
-    WizardModel without({folders, chooser, links}, {});
+    WizardModel without(forModel(), {});
     without.openExifToolSite();
     EXPECT_EQ(links.asked.size(), 1U);
 }

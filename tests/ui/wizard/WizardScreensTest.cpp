@@ -1,8 +1,7 @@
-#include <fstream>
-
 #include <gmock/gmock.h>
 
 #include "ui/QtPrinters.h"
+#include "ui/TextTable.h"
 #include "ui/theme/Symbols.h"
 #include "ui/wizard/WizardScreens.h"
 
@@ -12,12 +11,7 @@ namespace {
 // A screen begins with "=== step | title | subtitle". A box is "[what it asks for] icon | title", a card "icon | title"
 // and behind two blanks what it says; a dot marks the entries of a list.
 QStringList expectedScreens() {
-    std::ifstream file(std::string(TEST_DATA) + "/wizard.txt");
-    EXPECT_TRUE(file.is_open());
-    QStringList lines;
-    for (std::string line; std::getline(file, line);)
-        lines << QString::fromStdString(line);
-    return lines;
+    return testing::linesOfTable("wizard.txt");
 }
 
 QStringList linesOf(const WizardCard& card) {
