@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QColor>
+#include <QEasingCurve>
 #include <QString>
 
 #include <gtest/gtest.h>
@@ -41,6 +42,14 @@ protected:
     [[nodiscard]] QColor labelColour(const QString& button) {
         auto* const interface = window().accessible(QAccessible::Button, button);
         return interface == nullptr ? QColor() : interface->object()->property("colour").value<QColor>();
+    }
+
+    // How an animation of that name goes.
+    void expectToEase(const QString& animation, QEasingCurve::Type curve) {
+        const auto* const found = user.app().window()->findChild<QObject*>(animation);
+        ASSERT_NE(found, nullptr) << animation.toStdString();
+        EXPECT_EQ(found->property("duration"), 300);
+        EXPECT_EQ(found->property("easing").value<QEasingCurve>().type(), curve);
     }
 
     // What a dialog of that name is described as; nothing if there is none.

@@ -1,4 +1,5 @@
 // The wizard of a first start, as a new user goes through it.
+#include <QFont>
 #include <algorithm>
 #include <string_view>
 
@@ -12,6 +13,7 @@ namespace vellomar {
 namespace {
 
 using testing::colourOf;
+using testing::placeOf;
 using testing::spinUntil;
 
 class FirstStartTest : public testing::FirstStart {};
@@ -101,6 +103,27 @@ TEST_F(FirstStartTest, TheToolsOpenTheWizardAgain) {
     user.press("Skip Setup");
     EXPECT_TRUE(user.isOpen("Sources"));
     EXPECT_EQ(user.app().content().folders()->sources()->count(), 1);
+}
+
+TEST_F(FirstStartTest, TheWizardHasItsPlaceAmongTheTools) {
+    user.start();
+    QStringList tools;
+    const auto* const interface = window().accessible(QAccessible::Button, "SETUP WIZARD");
+    ASSERT_NE(interface, nullptr);
+    for (const QQuickItem* const tool : qobject_cast<QQuickItem*>(interface->object())->parentItem()->childItems())
+        tools << tool->property("text").toString() + " " + tool->property("symbol").toString();
+    EXPECT_EQ(tools, QStringList({"PRESETS square.and.arrow.down", "RENAME RULES pencil", "SETUP WIZARD wand.and.stars",
+                                  "DATE CORRECTION clock.badge.checkmark"}));
+}
+
+TEST_F(FirstStartTest, TheWelcomeHasTheWordmarkAndEachScreenItsPositionInTheMiddle) {
+    user.startAsFound();
+    const auto texts = window().shownTexts();
+    EXPECT_TRUE(std::ranges::any_of(texts, [](const QQuickItem* text) {
+        return text->property("text") == "VELLO" && text->property("font").value<QFont>().pixelSize() == 32;
+    }));
+    const auto middle = placeOf(window().itemNamed("wizardTrack")).center().x();
+    EXPECT_NEAR(placeOf(window().itemNamed("wizardPosition")).center().x(), middle, 1);
 }
 
 TEST_F(FirstStartTest, TheDestinationCanBeTakenAway) {
@@ -210,7 +233,10 @@ TEST_F(FirstStartTest, TheBarFillsSmoothly) {
     EXPECT_DOUBLE_EQ(fill.width(), whole / 5);
     user.press("Next →");
     EXPECT_LT(fill.width(), whole * 2 / 5);
+    EXPECT_LT(window().itemNamed("wizardScreen").opacity(), 1) << "the screen comes in";
     ASSERT_TRUE(spinUntil([&] { return qFuzzyCompare(fill.width(), whole * 2 / 5); }));
+    ASSERT_TRUE(spinUntil([&] { return window().itemNamed("wizardScreen").opacity() == 1; }));
+    expectToEase("wizardFillEase", QEasingCurve::InOutQuad);
 }
 
 TEST_F(FirstStartTest, ExifToolsSiteIsOpenedFromTheLastScreen) {

@@ -88,6 +88,32 @@ TEST_F(TourTest, TheTourHasItsColours) {
     EXPECT_EQ(forward.property("fill").value<QColor>(), QColor("#f5c518"));
 }
 
+TEST_F(TourTest, AScrimCoversTheWholeWindow) {
+    user.startAsFound();
+    user.press("Skip Setup");
+    window().drawFrames(2);
+    auto shades = window().itemsNamed("tourShade");
+    EXPECT_EQ(shades.size(), 4U);
+    shades.push_back(&window().itemNamed("tourSpot"));
+    double area = 0;
+    for (const QQuickItem* const shade : shades) {
+        EXPECT_EQ(colourOf(*shade).rgb(), QColor("black").rgb());
+        EXPECT_GT(colourOf(*shade).alphaF(), 0);
+        area += shade->width() * shade->height();
+    }
+    EXPECT_DOUBLE_EQ(area, 900.0 * 600.0);
+}
+
+TEST_F(TourTest, SkippingStandsAtTheBottomInTheMiddle) {
+    user.startAsFound();
+    user.press("Skip Setup");
+    auto* const interface = window().accessible(QAccessible::Button, "Skip Tour");
+    ASSERT_NE(interface, nullptr);
+    const auto place = testing::placeOf(*qobject_cast<QQuickItem*>(interface->object()));
+    EXPECT_NEAR(place.center().x(), 450, 1);
+    EXPECT_GT(place.top(), 550);
+}
+
 TEST_F(TourTest, TheTourLeavesTheWindowAsItWas) {
     user.startAsFound();
     user.press("Skip Setup");
@@ -141,6 +167,7 @@ TEST_F(TourTest, TheReminderTellsWhereTheWizardIsUntilItIsClicked) {
     EXPECT_TRUE(
         window().shows("You can re-run the wizard anytime using the SETUP WIZARD button in the toolbar above."));
     EXPECT_TRUE(user.app().settings().boolean(keys::kHasSeenWizardReminder));
+    expectToEase("reminderEase", QEasingCurve::OutQuad);
     user.press("SETUP WIZARD AVAILABLE");
     ASSERT_TRUE(spinUntil([&] { return !window().shows("SETUP WIZARD AVAILABLE"); }));
 }

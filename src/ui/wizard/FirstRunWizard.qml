@@ -48,6 +48,7 @@ Sheet {
 
                 Behavior on fraction {
                     NumberAnimation {
+                        objectName: "wizardFillEase"
                         duration: 300
                         easing.type: Easing.InOutQuad
                     }

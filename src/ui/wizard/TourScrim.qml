@@ -10,6 +10,7 @@ Item {
     signal tapped
 
     component Shade: Rectangle {
+        objectName: "tourShade"
         color: Qt.alpha("black", 0.62)
     }
 

@@ -25,6 +25,7 @@ AbstractButton {
 
     Behavior on presence {
         NumberAnimation {
+            objectName: "reminderEase"
             duration: 300
             easing.type: Easing.OutQuad
         }
